@@ -1,0 +1,1 @@
+#include "cli/command_line.hpp"

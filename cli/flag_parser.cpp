@@ -1,0 +1,1 @@
+#include "cli/flag_parser.hpp"

@@ -1,0 +1,1 @@
+#include "cli/usage_errors.hpp"

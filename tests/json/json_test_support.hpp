@@ -1,0 +1,58 @@
+// Helpers of the json tests: decode a text with a codec and compare the
+// exact failure text and offset.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "json/json.hpp"
+
+namespace orvanta::json::testing {
+
+struct DecodeFailure {
+  std::string message;
+  std::size_t offset = 0;
+  bool operator==(const DecodeFailure&) const = default;
+};
+
+inline void PrintTo(const DecodeFailure& failure, std::ostream* out) {
+  *out << '"' << failure.message << "\" at " << failure.offset;
+}
+
+// Runs `decode` (with the trailing-input rule) and returns the failure, or a
+// failure with the message "no failure" when the text decoded.
+template <Codec C>
+DecodeFailure decode_failure(const C& codec, std::string_view text) {
+  try {
+    (void)decode(codec, text);
+  } catch (const decode_exception& e) {
+    return {e.what(), e.offset()};
+  }
+  return {"no failure", 0};
+}
+
+// Runs one codec's decode on a context over `text` without the top-level
+// rules, returning the failure as above.
+template <class Function>
+DecodeFailure raw_failure(std::string_view text, Function&& function) {
+  DecodeContext context(text);
+  try {
+    function(context);
+  } catch (const decode_exception& e) {
+    return {e.what(), e.offset()};
+  }
+  return {"no failure", 0};
+}
+
+template <Codec C>
+std::string encode_text(const C& codec, const typename C::value_type& value) {
+  return encode(codec, value).str();
+}
+
+}  // namespace orvanta::json::testing
+
+#define EXPECT_DECODE_ERROR(codec, text, message, offset) \
+  EXPECT_EQ(::orvanta::json::testing::decode_failure((codec), (text)), \
+            (::orvanta::json::testing::DecodeFailure{(message), (offset)})) << "input: " << (text)

@@ -7,6 +7,8 @@
 #include <utility>
 
 #include "cli/flag_parser.hpp"
+#include "cli/group_words.hpp"
+#include "cli/recognition.hpp"
 #include "cli/usage_errors.hpp"
 
 namespace orvanta::cli {
@@ -19,84 +21,7 @@ bool is_float_in_range(const char* text, float max) {
 
 namespace {
 
-using Fields = detail::CommandLineFields;
-using ErrorText = std::string (*)(std::string_view);
-
-constexpr std::string_view uri_prefix = "orvanta:";
-
-// The argument vector as the grammar sees it: word 1 is the command word.
-// The row functions below read words by index and finish in one of three
-// ways: a command (maybe followed by flags), an error, or neither, which is
-// the bare usage failure.
-class Recognition {
- public:
-  Recognition(CommandLine& line, int argc, const char* const* argv)
-      : f(detail::writable(line)), line_(line), argc_(argc), argv_(argv) {}
-
-  Fields& f;
-
-  int count() const { return argc_; }
-  bool has(int i) const { return i < argc_; }
-  const char* text(int i) const { return argv_[i]; }
-  std::string_view word(int i) const { return argv_[i]; }
-  bool is(int i, std::string_view expected) const { return has(i) && word(i) == expected; }
-  bool dashed(int i) const { return has(i) && argv_[i][0] == '-'; }
-  bool double_dashed(int i) const { return has(i) && starts_with(word(i), "--"); }
-  bool missing_or_dashed(int i) const { return !has(i) || dashed(i); }
-
-  void accept(CommandId id) { f.command = id; }
-
-  void fail(std::string text) {
-    f.error_text = std::move(text);
-    f.command = CommandId::None;
-  }
-
-  void flags_from(int start) { parse_flags(line_, argc_, argv_, start); }
-
-  void accept_then_flags(CommandId id, int start) {
-    accept(id);
-    flags_from(start);
-  }
-
-  // The main positional must be a URI; false after storing the error.
-  bool take_uri(int i, ErrorText error) {
-    if (!starts_with(word(i), uri_prefix)) {
-      fail(error(word(i)));
-      return false;
-    }
-    f.argument = word(i);
-    return true;
-  }
-
-  bool take_float(int i, float max, ErrorText error) {
-    if (!is_float_in_range(text(i), max)) {
-      fail(error(word(i)));
-      return false;
-    }
-    f.argument = word(i);
-    return true;
-  }
-
-  // URIs up to the first word that begins with "--", which starts the
-  // flags; URIs behind that are not collected.
-  void uri_walk(int start, ErrorText error) {
-    for (int i = start; i < argc_; ++i) {
-      if (starts_with(word(i), "--")) return flags_from(i);
-      if (!starts_with(word(i), uri_prefix)) return fail(error(word(i)));
-      f.uris.emplace_back(word(i));
-    }
-  }
-
-  void restricted_flags_from(int start, const std::string_view* allowed, std::size_t count,
-                             std::string_view unknown_flag, std::string_view positional) {
-    parse_flags(line_, argc_, argv_, start, allowed, count, unknown_flag, positional);
-  }
-
- private:
-  CommandLine& line_;
-  int argc_;
-  const char* const* argv_;
-};
+using detail::Recognition;
 
 // --- Playback and content -------------------------------------------------
 
@@ -206,165 +131,6 @@ void history(Recognition& r) {
   if (r.is(2, "recent")) return r.accept_then_flags(CommandId::HistoryRecent, 3);
 }
 
-// --- Groups ---------------------------------------------------------------
-// An unmatched second word is the usage failure, so each function returns
-// as soon as no row is left that could match.
-
-void devices(Recognition& r) {
-  if (!r.has(2) || r.is(2, "list")) return r.accept_then_flags(CommandId::DevicesList, 3);
-  if (r.double_dashed(2)) return r.accept_then_flags(CommandId::DevicesList, 2);
-  if (!r.has(3)) return;
-  if (r.is(2, "transfer")) {
-    r.accept(CommandId::DevicesTransfer);
-    r.f.argument = r.word(3);
-  } else if (r.is(2, "info")) {
-    r.accept(CommandId::DevicesInfo);
-    r.f.argument = r.word(3);
-  } else if (r.is(2, "volume")) {
-    r.accept(CommandId::DevicesVolume);
-    if (!r.take_float(3, 1.0F, errors::devices_volume_out_of_range)) return;
-    if (r.has(4) && !r.dashed(4)) r.f.arguments.emplace_back(r.word(4));
-  }
-}
-
-void library(Recognition& r) {
-  if (!r.has(2) || r.is(2, "list")) return r.accept_then_flags(CommandId::LibraryList, 3);
-  if (r.is(2, "batch")) return r.accept_then_flags(CommandId::LibraryBatch, 3);
-  if (!r.has(3)) return;
-  if (r.is(2, "contains")) r.accept(CommandId::LibraryContains);
-  if (r.is(2, "add")) r.accept(CommandId::LibraryAdd);
-  if (r.is(2, "remove")) r.accept(CommandId::LibraryRemove);
-  // Still no command: the second word matched no row.
-  if (r.f.command != CommandId::None) r.uri_walk(3, errors::library_uri_invalid);
-}
-
-void playlist(Recognition& r) {
-  if (!r.has(3)) return;
-  if (r.is(2, "create")) {
-    r.accept(CommandId::PlaylistCreate);
-    r.f.argument = r.word(3);
-    return r.flags_from(4);
-  }
-  if (r.is(2, "add")) {
-    if (!r.has(4)) return;
-    r.accept(CommandId::PlaylistAdd);
-    if (r.take_uri(3, errors::playlist_uri_invalid)) r.uri_walk(4, errors::playlist_uris_invalid);
-    return;
-  }
-  if (r.is(2, "get")) r.accept(CommandId::PlaylistGet);
-  if (r.is(2, "update")) r.accept(CommandId::PlaylistUpdate);
-  if (r.is(2, "remove")) r.accept(CommandId::PlaylistRemove);
-  if (r.f.command == CommandId::None) return;
-  if (r.take_uri(3, errors::playlist_uri_invalid)) r.flags_from(4);
-}
-
-constexpr std::string_view folder_list_flags[] = {"--format", "--recursive", "--folder"};
-
-void folder(Recognition& r) {
-  if (!r.has(2) || r.is(2, "list")) {
-    r.accept(CommandId::FolderList);
-    return r.restricted_flags_from(3, folder_list_flags, std::size(folder_list_flags),
-                                   errors::folder_list_unknown_flag,
-                                   errors::folder_list_positional);
-  }
-  if (!r.has(3)) return;
-  if (r.is(2, "create")) {
-    r.accept(CommandId::FolderCreate);
-    r.f.argument = r.word(3);
-    r.flags_from(4);
-  } else if (r.is(2, "rename") && r.has(4)) {
-    r.accept(CommandId::FolderRename);
-    if (r.take_uri(3, errors::folder_uri_invalid)) r.f.arguments.emplace_back(r.word(4));
-  } else if (r.is(2, "remove")) {
-    r.accept(CommandId::FolderRemove);
-    if (r.take_uri(3, errors::folder_uri_invalid)) r.flags_from(4);
-  } else if (r.is(2, "move")) {
-    r.accept(CommandId::FolderMove);
-    r.uri_walk(3, errors::folder_uri_invalid);
-  }
-}
-
-void queue(Recognition& r) {
-  if (!r.has(2) || r.is(2, "list")) return r.accept_then_flags(CommandId::QueueList, 3);
-  if (r.double_dashed(2)) return r.accept_then_flags(CommandId::QueueList, 2);
-  if (!r.has(3)) return;
-  if (r.is(2, "add")) {
-    r.accept(CommandId::QueueAdd);
-    r.take_uri(3, errors::queue_add_uri_invalid);
-  } else if (r.is(2, "remove")) {
-    r.accept(CommandId::QueueRemove);
-    if (!is_non_negative_integer(r.text(3))) {
-      return r.fail(errors::queue_remove_not_position(r.word(3)));
-    }
-    r.f.position = detail::to_int32(r.text(3));
-  } else if (r.is(2, "move") && r.has(4)) {
-    r.accept(CommandId::QueueMove);
-    if (!is_non_negative_integer(r.text(3)) || !is_non_negative_integer(r.text(4))) {
-      return r.fail(std::string(errors::queue_move_requires_positions));
-    }
-    r.f.positions.push_back(detail::to_int32(r.text(3)));
-    r.f.positions.push_back(detail::to_int32(r.text(4)));
-  }
-}
-
-void rondo(Recognition& r) {
-  if (!r.has(2) || r.is(2, "status")) return r.accept_then_flags(CommandId::RondoStatus, 3);
-  if (r.double_dashed(2)) return r.accept_then_flags(CommandId::RondoStatus, 2);
-  if (r.is(2, "create")) return r.accept(CommandId::RondoCreate);
-  if (r.is(2, "leave")) return r.accept(CommandId::RondoLeave);
-  if (r.is(2, "end")) return r.accept(CommandId::RondoEnd);
-  if (r.is(2, "members")) return r.accept_then_flags(CommandId::RondoMembers, 3);
-  if (r.is(2, "permissions")) return r.accept_then_flags(CommandId::RondoPermissions, 3);
-  if (r.is(2, "kick")) {
-    if (!r.has(3)) return r.fail(std::string(errors::rondo_kick_requires_username));
-    r.accept(CommandId::RondoKick);
-    r.f.argument = r.word(3);
-  }
-}
-
-// --- pod --------------------------------------------------------------------
-
-// `pod <group> <verb> <id>`: the id is word 4 and the flags follow it.
-void accept_with_id(Recognition& r, CommandId id) {
-  r.accept(id);
-  r.f.argument = r.word(4);
-  r.flags_from(5);
-}
-
-// A verb without its id falls through to the list, where the verb is an
-// ignored positional; so does `list` itself.
-void pod_shows(Recognition& r) {
-  if (!r.has(3)) return r.accept(CommandId::PodShows);
-  if (r.is(3, "create")) return r.accept_then_flags(CommandId::PodShowsCreate, 4);
-  if (r.is(3, "delete") && r.has(4)) return accept_with_id(r, CommandId::PodShowsDelete);
-  r.accept_then_flags(CommandId::PodShows, 3);
-}
-
-void pod_episodes(Recognition& r) {
-  if (!r.has(3)) return r.accept(CommandId::PodEpisodes);
-  if (r.is(3, "create")) return r.accept_then_flags(CommandId::PodEpisodesCreate, 4);
-  if (r.is(3, "status") && r.has(4)) return accept_with_id(r, CommandId::PodEpisodesStatus);
-  if (r.is(3, "delete") && r.has(4)) return accept_with_id(r, CommandId::PodEpisodesDelete);
-  r.accept_then_flags(CommandId::PodEpisodes, 3);
-}
-
-void pod_timeline(Recognition& r) {
-  if (r.is(3, "get") && r.has(4)) return accept_with_id(r, CommandId::PodTimelineGet);
-  if (r.is(3, "set")) return r.accept_then_flags(CommandId::PodTimelineSet, 4);
-  if (r.is(3, "delete") && r.has(4)) return accept_with_id(r, CommandId::PodTimelineDelete);
-}
-
-void pod(Recognition& r) {
-  if (r.is(2, "upload") && r.has(3)) {
-    r.accept(CommandId::PodUpload);
-    r.f.argument = r.word(3);
-    return r.flags_from(4);
-  }
-  if (r.is(2, "shows")) return pod_shows(r);
-  if (r.is(2, "episodes")) return pod_episodes(r);
-  if (r.is(2, "timeline")) return pod_timeline(r);
-}
-
 // --- First word -----------------------------------------------------------
 
 struct FirstWord {
@@ -394,13 +160,13 @@ constexpr FirstWord first_words[] = {
     {"play", play},
     {"navigate", navigate},
     {"history", history},
-    {"devices", devices},
-    {"library", library},
-    {"playlist", playlist},
-    {"folder", folder},
-    {"queue", queue},
-    {"rondo", rondo},
-    {"pod", pod},
+    {"devices", detail::devices},
+    {"library", detail::library},
+    {"playlist", detail::playlist},
+    {"folder", detail::folder},
+    {"queue", detail::queue},
+    {"rondo", detail::rondo},
+    {"pod", detail::pod},
 };
 
 // Whole word, case-sensitive, no abbreviation.
@@ -449,7 +215,7 @@ void set_help_topic(Recognition& r) {
 
 CommandLine parse_command_line(int argc, const char* const* argv) {
   CommandLine line;
-  Fields& f = detail::writable(line);
+  detail::CommandLineFields& f = detail::writable(line);
   f.argc = argc;
   f.argv = argv;
   if (argc >= 1 && argv[0] != nullptr) f.program_name = argv[0];

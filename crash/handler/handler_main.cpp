@@ -1,0 +1,95 @@
+// The handler process. A client starts it with one end of a socket pair,
+// waits for the ready byte, and from then on the handler sleeps in a read
+// on that socket. When the client crashes, its signal handler sends a
+// CrashMessage and its annotations; the handler writes the report into the
+// database and answers. When the client ends, the socket closes and the
+// handler ends with it.
+
+#include "crash/handler/capture.hpp"
+#include "crash/handler/handler_options.hpp"
+#include "crash/handler/report_format.hpp"
+#include "crash/handler/upload.hpp"
+#include "crash/store/crash_message.hpp"
+#include "crash/store/report_database.hpp"
+#include "crash/store/simple_dictionary.hpp"
+
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <memory>
+#include <sys/prctl.h>
+#include <unistd.h>
+
+namespace orvanta::crash {
+namespace {
+
+// Ties the handler's life to its client's: the kernel kills the handler
+// when the client goes, and a client that went before this line was
+// reached is caught by the parent check. Also lets go of any descriptor the
+// client did not mean to pass on.
+bool bind_to_client(const HandlerOptions& options) {
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (getppid() != options.client_pid) return false;
+  if (options.client_fd > 3) close_range(3, static_cast<unsigned>(options.client_fd) - 1, 0);
+  close_range(static_cast<unsigned>(options.client_fd) + 1, UINT_MAX, 0);
+  std::signal(SIGPIPE, SIG_IGN);
+  return true;
+}
+
+bool read_exactly(int fd, void* buffer, std::size_t size) {
+  auto* out = static_cast<char*>(buffer);
+  while (size > 0) {
+    ssize_t got = read(fd, out, size);
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) return false;
+    out += got;
+    size -= static_cast<std::size_t>(got);
+  }
+  return true;
+}
+
+bool send_byte(int fd, char byte) {
+  for (;;) {
+    ssize_t put = write(fd, &byte, 1);
+    if (put < 0 && errno == EINTR) continue;
+    return put == 1;
+  }
+}
+
+void write_report(const HandlerOptions& options, const CrashMessage& message,
+                  const SimpleStringDictionary& dictionary) {
+  auto database = CrashReportDatabase::initialize(options.database);
+  if (database == nullptr) return;
+  CrashReport report =
+      capture_crash(options, database->settings()->client_id(), message, dictionary);
+  if (database->store_report(report.uuid, format_report(report)).empty()) return;
+  if (database->settings()->uploads_enabled() && !options.url.empty()) {
+    upload_pending_reports(*database, options.url, options.rate_limit);
+  }
+}
+
+void serve(const HandlerOptions& options) {
+  auto dictionary = std::make_unique<SimpleStringDictionary>();
+  for (;;) {
+    CrashMessage message;
+    if (!read_exactly(options.client_fd, &message, sizeof message) ||
+        !read_exactly(options.client_fd, dictionary.get(), sizeof *dictionary)) {
+      return;  // the client has ended
+    }
+    if (message.magic == kCrashMessageMagic) write_report(options, message, *dictionary);
+    if (!send_byte(options.client_fd, kReportWritten)) return;
+  }
+}
+
+}  // namespace
+}  // namespace orvanta::crash
+
+int main(int argc, char** argv) {
+  using namespace orvanta::crash;
+  auto options = parse_handler_options(argc, argv);
+  if (!options) return 2;
+  if (!bind_to_client(*options)) return 0;
+  if (!send_byte(options->client_fd, kHandlerReady)) return 0;
+  serve(*options);
+  return 0;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <type_traits>
+
+namespace orvanta::crash {
+
+// The conversation between a client and its handler process over their
+// socket pair. The handler writes kHandlerReady once it can take a crash.
+// A client that receives a fatal signal writes one CrashMessage followed by
+// the bytes of its SimpleStringDictionary (all zero when it has none), and
+// waits for kReportWritten, which the handler sends once the report is in
+// pending/ or has failed for good.
+inline constexpr char kHandlerReady = 'R';
+inline constexpr char kReportWritten = 'W';
+inline constexpr std::uint32_t kCrashMessageMagic = 0x3152434f;  // "OCR1" in memory order
+
+// The registers that a stack walk starts from. `fp` is the frame pointer
+// (rbp on x86-64, x29 on arm64) and `lr` the link register (x30 on arm64,
+// zero on x86-64); all zero where the build's processor is unknown.
+struct CrashRegisters {
+  std::uint64_t pc = 0;
+  std::uint64_t sp = 0;
+  std::uint64_t fp = 0;
+  std::uint64_t lr = 0;
+};
+
+struct CrashMessage {
+  std::uint32_t magic = kCrashMessageMagic;
+  std::int32_t tid = 0;
+  std::int32_t signal = 0;
+  std::int32_t code = 0;              // si_code
+  std::uint64_t fault_address = 0;    // si_addr; zero for a signal sent by a process
+  CrashRegisters registers;
+  std::uint32_t has_annotations = 0;  // 1 when the dictionary bytes are a real table
+  std::uint32_t reserved = 0;
+};
+
+static_assert(std::is_trivially_copyable_v<CrashMessage>);
+static_assert(sizeof(CrashMessage) == 64);
+
+}  // namespace orvanta::crash

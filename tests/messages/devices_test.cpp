@@ -1,0 +1,110 @@
+#include "messages/devices.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/messages/wire_table.hpp"
+
+namespace {
+
+using namespace orvanta::messages;
+using orvanta::test::decode_outcome;
+using orvanta::test::runner;
+using orvanta::test::WireCase;
+
+// One capabilities object with every key in table order; the nested records
+// are checked through it.
+const std::string kCapabilities = std::string(R"({"supports_rename":true,)"
+  R"("supports_hifi":{"fully_supported":true,"user_eligible":false,"device_supported":true},)"
+  R"("disable_volume":false,"volume_steps":64,"supports_playlist_mixing":true,"supports_dj":false,)"
+  R"("supports_remote_sleep_timer":true,"is_voice_enabled":false,"is_offline":false,)"
+  R"("supports_remote_audio_quality_control":true,"supports_external_episodes":false,)"
+  R"("supported_audio_quality":"VERY_HIGH","disallow_reasons":["restricted","offline"],)"
+  R"("audio_output":{"name":"Speakers","connection_type":"bluetooth","brand":"Acme",)"
+  R"("model":"S1","category":"speaker"}})");
+
+const std::string kDevice = std::string(R"({"device_id":"d1","name":"Kitchen","device_type":"speaker","volume":-3,)"
+  R"("is_active":true,"is_group":false,"is_local":true,"is_self":false,)"
+  R"("brand":"Acme","model":"S1","software_version":"1.0.2","capabilities":)") + kCapabilities + "}";
+
+const std::string kMinimalCapabilities = std::string(R"({"supports_rename":false,)"
+  R"("supports_hifi":{"fully_supported":false,"user_eligible":false,"device_supported":false},)"
+  R"("disable_volume":false,"volume_steps":0,"supports_playlist_mixing":false,"supports_dj":false,)"
+  R"("supports_remote_sleep_timer":false,"is_voice_enabled":false,"is_offline":false,)"
+  R"("supports_remote_audio_quality_control":false,"supports_external_episodes":false,)"
+  R"("disallow_reasons":[]})");
+
+const std::string kCluster = R"({"active_device_id":"d1","devices":[)" + kDevice + "," + kDevice + "]}";
+
+TEST(DeviceRecords, WireTable) {
+  const WireCase cases[] = {
+      {"HifiSupport", runner(hifi_support_codec),
+       R"({"fully_supported":true,"user_eligible":false,"device_supported":true})", "device_supported"},
+      {"AudioOutput", runner(audio_output_codec),
+       R"({"name":"Speakers","connection_type":"bluetooth","brand":"Acme","model":"S1","category":"speaker"})",
+       "", "", "connection_type"},
+      {"AudioOutput (empty)", runner(audio_output_codec), "{}"},
+      {"DeviceCapabilities", runner(device_capabilities_codec), kCapabilities, "disallow_reasons", "",
+       "audio_output"},
+      {"DeviceCapabilities (hifi)", runner(device_capabilities_codec), kCapabilities, "supports_hifi", "",
+       "supported_audio_quality"},
+      {"DeviceCapabilities (minimal)", runner(device_capabilities_codec), kMinimalCapabilities,
+       "supports_external_episodes"},
+      {"ConnectDevice", runner(connect_device_codec), kDevice, "capabilities", "", "brand"},
+      {"ConnectDevice (volume)", runner(connect_device_codec), kDevice, "volume", "", "software_version"},
+      {"ConnectClusterResponse", runner(connect_cluster_response_codec),
+       kCluster, "devices"},
+      {"ConnectClusterResponse (no devices)", runner(connect_cluster_response_codec),
+       R"({"active_device_id":"","devices":[]})", "active_device_id"},
+      {"ConnectTransferRequest", runner(connect_transfer_request_codec), R"({"device_id":"d2"})", "device_id"},
+      {"ConnectSetVolumeRequest", runner(connect_set_volume_request_codec),
+       R"({"device_id":"d2","volume":75})", "volume"},
+      {"ConnectDeviceInfoRequest", runner(connect_device_info_request_codec), R"({"device_id":"d3"})",
+       "device_id"},
+      {"ActiveDeviceNotification", runner(active_device_notification_codec),
+       R"({"active_device_id":"d1","is_local":true})", "is_local"},
+  };
+  orvanta::test::check_wire_table(cases);
+}
+
+TEST(DeviceRecords, DecodedValuesLandInTheirMembers) {
+  const ConnectDevice device = orvanta::json::decode(connect_device_codec(), kDevice);
+  EXPECT_EQ(device.device_id, "d1");
+  EXPECT_EQ(device.volume, -3);
+  EXPECT_TRUE(device.is_local);
+  EXPECT_FALSE(device.is_self);
+  EXPECT_EQ(device.software_version, "1.0.2");
+  EXPECT_EQ(device.capabilities.volume_steps, 64);
+  EXPECT_TRUE(device.capabilities.supports_hifi.device_supported);
+  EXPECT_FALSE(device.capabilities.supports_hifi.user_eligible);
+  EXPECT_EQ(device.capabilities.disallow_reasons, (std::vector<std::string>{"restricted", "offline"}));
+  ASSERT_TRUE(device.capabilities.audio_output.has_value());
+  EXPECT_EQ(device.capabilities.audio_output->connection_type, "bluetooth");
+}
+
+// A hifi flag sent as a plain boolean is a protocol error, not a shortcut.
+TEST(DeviceRecords, HifiSupportIsARecordNotABool) {
+  std::string text = kMinimalCapabilities;
+  const std::string hifi = R"({"fully_supported":false,"user_eligible":false,"device_supported":false})";
+  text.replace(text.find(hifi), hifi.size(), "true");
+  EXPECT_EQ(decode_outcome(device_capabilities_codec(), text), "error: Unexpected input");
+}
+
+// One incomplete device spoils the whole cluster.
+TEST(DeviceRecords, DeviceWithoutVolumeSpoilsTheCluster) {
+  std::string device = kDevice;
+  const std::string volume = R"("volume":-3,)";
+  device.erase(device.find(volume), volume.size());
+  const std::string cluster = R"({"active_device_id":"d1","devices":[)" + kDevice + "," + device + "]}";
+  EXPECT_EQ(decode_outcome(connect_cluster_response_codec(), cluster), "error: Missing required field(s)");
+}
+
+TEST(DeviceRecords, IntegerMembersFollowTheIntegerRules) {
+  EXPECT_EQ(orvanta::json::decode(connect_set_volume_request_codec(), R"({"device_id":"d","volume":40.9})"),
+            (ConnectSetVolumeRequest{"d", 40}));
+  EXPECT_EQ(decode_outcome(connect_set_volume_request_codec(), R"({"device_id":"d","volume":2147483648})"),
+            "error: Integer overflow");
+}
+
+}  // namespace

@@ -9,7 +9,8 @@
 //   defaulted - the text holds this key at its default; without it the record
 //               still decodes and is written back with the key;
 //   optional  - without this key the record decodes and is written back
-//               without it; a `null` in its place is refused.
+//               without it; a `null` in its place is refused (so not for
+//               raw values or string-or-null members, which take `null`).
 //
 //   const WireCase cases[] = {
 //       {"ConnectSetVolumeRequest", runner(connect_set_volume_request_codec),

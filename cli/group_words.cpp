@@ -1,5 +1,6 @@
 #include "cli/group_words.hpp"
 
+#include <initializer_list>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -10,6 +11,23 @@ namespace orvanta::cli::detail {
 
 // An unmatched second word is the usage failure, so each function returns
 // as soon as no row is left that could match.
+
+namespace {
+
+struct Verb {
+  std::string_view word;
+  CommandId id;
+};
+
+// The command of the verb that `word` names, or CommandId::None.
+CommandId verb_id(std::string_view word, std::initializer_list<Verb> verbs) {
+  for (const Verb& verb : verbs) {
+    if (verb.word == word) return verb.id;
+  }
+  return CommandId::None;
+}
+
+}  // namespace
 
 void devices(Recognition& r) {
   if (!r.has(2) || r.is(2, "list")) return r.accept_then_flags(CommandId::DevicesList, 3);
@@ -32,11 +50,12 @@ void library(Recognition& r) {
   if (!r.has(2) || r.is(2, "list")) return r.accept_then_flags(CommandId::LibraryList, 3);
   if (r.is(2, "batch")) return r.accept_then_flags(CommandId::LibraryBatch, 3);
   if (!r.has(3)) return;
-  if (r.is(2, "contains")) r.accept(CommandId::LibraryContains);
-  if (r.is(2, "add")) r.accept(CommandId::LibraryAdd);
-  if (r.is(2, "remove")) r.accept(CommandId::LibraryRemove);
-  // Still no command: the second word matched no row.
-  if (r.f.command != CommandId::None) r.uri_walk(3, errors::library_uri_invalid);
+  const CommandId id = verb_id(r.word(2), {{"contains", CommandId::LibraryContains},
+                                           {"add", CommandId::LibraryAdd},
+                                           {"remove", CommandId::LibraryRemove}});
+  if (id == CommandId::None) return;
+  r.accept(id);
+  r.uri_walk(3, errors::library_uri_invalid);
 }
 
 void playlist(Recognition& r) {
@@ -52,10 +71,11 @@ void playlist(Recognition& r) {
     if (r.take_uri(3, errors::playlist_uri_invalid)) r.uri_walk(4, errors::playlist_uris_invalid);
     return;
   }
-  if (r.is(2, "get")) r.accept(CommandId::PlaylistGet);
-  if (r.is(2, "update")) r.accept(CommandId::PlaylistUpdate);
-  if (r.is(2, "remove")) r.accept(CommandId::PlaylistRemove);
-  if (r.f.command == CommandId::None) return;
+  const CommandId id = verb_id(r.word(2), {{"get", CommandId::PlaylistGet},
+                                           {"update", CommandId::PlaylistUpdate},
+                                           {"remove", CommandId::PlaylistRemove}});
+  if (id == CommandId::None) return;
+  r.accept(id);
   if (r.take_uri(3, errors::playlist_uri_invalid)) r.flags_from(4);
 }
 

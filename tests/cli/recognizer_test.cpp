@@ -214,6 +214,7 @@ TEST_F(GrammarTest, NavigateWalksItsOwnWords) {
   parse({"navigate", "orvanta:x", "--format", "--play"});  // --play is the format's value
   EXPECT_FALSE(line.play_after());
   parse({"open", "orvanta:x", "--bogus", "", "-h"});
+  EXPECT_EQ(line.command(), CommandId::Open);
   EXPECT_EQ(line.arguments(), (Texts{"orvanta:x", "--bogus", "", "-h"}));
 }
 
@@ -237,6 +238,8 @@ TEST_F(GrammarTest, HistoryDevicesAndLibrary) {
       {{"library", "list", "--limit", "5"}, CommandId::LibraryList},
       {{"library", "--limit", "5"}, none},
       {{"library", "contains", "orvanta:a"}, CommandId::LibraryContains},
+      {{"library", "add", "orvanta:a"}, CommandId::LibraryAdd},
+      {{"library", "remove", "orvanta:a", "--format", "json"}, CommandId::LibraryRemove},
       {{"library", "add", "x"}, none, "", "library URIs must start with 'orvanta:', got 'x'"},
       {{"library", "remove"}, none},
       {{"library", "batch", "--stop-on-error"}, CommandId::LibraryBatch},
@@ -258,6 +261,7 @@ TEST_F(GrammarTest, Playlist) {
       {{"playlist", "update", "x"}, none, "", uri + "x'"},
       {{"playlist", "remove", "orvanta:p", "--bogus"}, none, "orvanta:p", "unknown option '--bogus'"},
       {{"playlist", "add", "orvanta:p"}, none},
+      {{"playlist", "add", "orvanta:p", "orvanta:t"}, CommandId::PlaylistAdd, "orvanta:p"},
       {{"playlist", "add", "p", "orvanta:t"}, none, "", uri + "p'"},
       {{"playlist", "add", "orvanta:p", "t"}, none, "orvanta:p",
        "playlist URIs must start with 'orvanta:', got 't'"},
@@ -287,6 +291,7 @@ TEST_F(GrammarTest, Folder) {
       {{"folder", "rename", "f", "New"}, none, "", uri + "f'"},
       {{"folder", "remove", "orvanta:f", "--keep-contents"}, CommandId::FolderRemove, "orvanta:f"},
       {{"folder", "remove", "f"}, none, "", uri + "f'"},
+      {{"folder", "move", "orvanta:f", "--to", "root"}, CommandId::FolderMove},
       {{"folder", "move", "f"}, none, "", uri + "f'"},
   });
   parse({"folder"});
@@ -318,8 +323,10 @@ TEST_F(GrammarTest, QueueAndRondo) {
       {{"rondo", "nosuch"}, none},
   });
   parse({"queue", "remove", " 4"});
+  EXPECT_EQ(line.command(), CommandId::QueueRemove);
   EXPECT_EQ(line.position(), 4);
   parse({"queue", "move", "4294967297", "+2"});
+  EXPECT_EQ(line.command(), CommandId::QueueMove);
   EXPECT_EQ(line.positions(), (std::vector<std::int32_t>{1, 2}));
   parse({"rondo", "members", "--format", "json"});
   EXPECT_EQ(line.command(), CommandId::RondoMembers);

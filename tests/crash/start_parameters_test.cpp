@@ -1,0 +1,55 @@
+#include "crash/start_parameters.hpp"
+
+#include "crash/defaults.hpp"
+
+#include <gtest/gtest.h>
+
+namespace orvanta::crash {
+namespace {
+
+using Annotations = std::map<std::string, std::string>;
+using Arguments = std::vector<std::string>;
+
+CrashReporterConfig program_config() {
+  CrashReporterConfig config;
+  config.product = "orvanta";
+  config.version = "1.2.93.667";
+  config.ptype = "orvanta_cli";
+  return config;
+}
+
+TEST(HandlerAnnotations, WithoutVariantOrBuildIdHoldTheFixedFive) {
+  EXPECT_EQ(handler_annotations(program_config(), nullptr),
+            (Annotations{{"format", "minidump"},
+                         {"platform", std::string(build_platform())},
+                         {"product", "orvanta"},
+                         {"ptype", "orvanta_cli"},
+                         {"version", "1.2.93.667"}}));
+}
+
+// TEAMCITY_BUILD_ID counts when it is set, even to nothing; the extra pairs
+// come last and so win over the fixed ones.
+TEST(HandlerAnnotations, AddTheVariantTheBuildIdAndTheExtraPairs) {
+  auto config = program_config();
+  config.app_variant = "beta";
+  config.annotations = {{"channel", "edge"}, {"product", "orvanta-lab"}};
+  Annotations annotations = handler_annotations(config, "4711");
+  EXPECT_EQ(annotations.size(), 8u);
+  EXPECT_EQ(annotations["app_variant"], "beta");
+  EXPECT_EQ(annotations["tc_build_id"], "4711");
+  EXPECT_EQ(annotations["channel"], "edge");
+  EXPECT_EQ(annotations["product"], "orvanta-lab");
+  EXPECT_EQ(handler_annotations(program_config(), "").count("tc_build_id"), 1u);
+}
+
+TEST(HandlerArguments, NoRateLimitComesFirstAndOnlyWhenRateLimitingIsOff) {
+  auto config = program_config();
+  EXPECT_EQ(handler_arguments(config), Arguments{});
+  config.arguments = {"--a", "--b"};
+  EXPECT_EQ(handler_arguments(config), (Arguments{"--a", "--b"}));
+  config.rate_limit = false;
+  EXPECT_EQ(handler_arguments(config), (Arguments{"--no-rate-limit", "--a", "--b"}));
+}
+
+}  // namespace
+}  // namespace orvanta::crash

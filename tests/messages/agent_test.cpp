@@ -1,0 +1,55 @@
+#include "messages/agent.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "tests/messages/wire_table.hpp"
+
+namespace {
+
+using namespace orvanta::messages;
+using orvanta::test::runner;
+using orvanta::test::WireCase;
+
+TEST(AgentRecords, WireTable) {
+  const std::string citation = R"({"start_index":4,"end_index":12,"url":"https://example.org/a","title":"A"})";
+  const std::string entity = R"({"name":"Miles","type":"artist"})";
+  const std::string search =
+      R"({"status":"ok","text":"Cool jazz","citations":[)" + citation + R"(],"entities":[)" + entity + "]}";
+  const WireCase cases[] = {
+      {"AgentBootstrapResponse", runner(agent_bootstrap_response_codec),
+       R"({"hierarchy_id":"h1","agent_uri":"orvanta:agent:a1","agent_name":"Helper"})", "hierarchy_id", "",
+       "agent_name"},
+      {"AgentBootstrapResponse/uri", runner(agent_bootstrap_response_codec),
+       R"({"hierarchy_id":"h1","agent_uri":"orvanta:agent:a1"})", "", "", "agent_uri"},
+      {"AgentOnlineStateRequest", runner(agent_online_state_request_codec),
+       R"({"state":"online","agent_uri":"orvanta:agent:a1"})", "agent_uri"},
+      {"AgentOnlineStateResponse", runner(agent_online_state_response_codec), R"({"state":"online"})", "state"},
+      {"AskRequest", runner(ask_request_codec), R"({"question":"What is playing?"})", "question"},
+      {"AskContent", runner(ask_content_codec), R"({"text":"Here","uris":["orvanta:track:1","orvanta:track:2"]})",
+       "uris", "", "text"},
+      {"AskAction", runner(ask_action_codec), R"({"uri":"orvanta:playlist:p1"})", "uri"},
+      {"AskResponse", runner(ask_response_codec),
+       R"({"contents":[{"text":"Here","uris":["orvanta:track:1"]},{"uris":[]}],"actions":[]})", "contents",
+       "actions"},
+      {"AskResponse/actions", runner(ask_response_codec),
+       R"({"contents":[],"actions":[{"uri":"orvanta:playlist:p1"},{"uri":"orvanta:album:b2"}]})", "contents"},
+      {"WebSearchRequest", runner(web_search_request_codec), R"({"input":"jazz","entity_uri":"orvanta:artist:a1"})",
+       "input", "", "entity_uri"},
+      {"WebSearchCitation", runner(web_search_citation_codec), citation, "end_index"},
+      {"WebSearchEntity", runner(web_search_entity_codec), entity, "type"},
+      {"WebSearchResponse", runner(web_search_response_codec), search, "citations"},
+      {"WebSearchResponse/entities", runner(web_search_response_codec), search, "entities"},
+  };
+  orvanta::test::check_wire_table(cases);
+}
+
+TEST(AgentRecords, CitationIndicesLandInTheirMembers) {
+  const WebSearchCitation citation = orvanta::json::decode(
+      web_search_citation_codec(), R"({"start_index":4,"end_index":12,"url":"https://example.org/a","title":"A"})");
+  EXPECT_EQ(citation, (WebSearchCitation{4, 12, "https://example.org/a", "A"}));
+}
+
+}  // namespace

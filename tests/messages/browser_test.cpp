@@ -1,0 +1,108 @@
+#include "messages/browser.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "tests/messages/wire_table.hpp"
+
+namespace {
+
+using namespace orvanta::messages;
+namespace json = orvanta::json;
+using orvanta::test::runner;
+using orvanta::test::WireCase;
+
+constexpr std::string_view kNew =
+    R"({"title_or_url":"https://example.org","width":1280,"height":720,"backend":"cdp","user_data_dir":"/tmp/ud",)"
+    R"("profile_directory":"Default","chrome_binary":"/usr/bin/browser","attach_port":9222,"headless":true})";
+constexpr std::string_view kNewDefaults =
+    R"({"title_or_url":"x","width":0,"height":0,"backend":"","user_data_dir":"","profile_directory":"",)"
+    R"("chrome_binary":"","headless":false})";
+constexpr std::string_view kItem =
+    R"({"id":2,"type":"page","url":"https://example.org/","title":"Example","viewport_width":800,)"
+    R"("viewport_height":600,"parent_id":1,"popup_ids":[3,4],"created_by":"agent"})";
+constexpr std::string_view kPage =
+    R"({"url":"https://example.org/","title":"Example","type":"page","viewport_width":800,"viewport_height":600,)"
+    R"("snapshot":"- heading"})";
+constexpr std::string_view kPageDefaults =
+    R"({"url":"u","title":"t","type":"","viewport_width":1,"viewport_height":2,"snapshot":""})";
+
+TEST(BrowserRecords, WireTable) {
+  const std::string list = R"({"browsers":[)" + std::string(kItem) + "]}";
+  const WireCase cases[] = {
+      {"BrowserNewRequest", runner(browser_new_request_codec), kNew, "title_or_url", "", "attach_port"},
+      {"BrowserNewRequest/width", runner(browser_new_request_codec), kNewDefaults, "", "width"},
+      {"BrowserNewRequest/headless", runner(browser_new_request_codec), kNewDefaults, "", "headless"},
+      {"BrowserNewResponse", runner(browser_new_response_codec),
+       R"({"id":1,"url":"https://example.org/","title":"Example","viewport_width":1280,"viewport_height":720,)"
+       R"("snapshot":"- heading","backend":""})",
+       "viewport_height", "backend", "snapshot"},
+      {"BrowserListItem", runner(browser_list_item_codec), kItem, "type", "", "parent_id"},
+      {"BrowserListItem/popups", runner(browser_list_item_codec),
+       R"({"id":2,"type":"page","url":"u","title":"t","viewport_width":800,"viewport_height":600,"popup_ids":[],)"
+       R"("created_by":"user"})",
+       "viewport_width", "popup_ids", "created_by"},
+      {"BrowserListResponse", runner(browser_list_response_codec), list, "browsers"},
+      {"BrowserCloseRequest", runner(browser_close_request_codec), R"({"id":2})", "", "", "id"},
+      {"BrowserCloseResponse", runner(browser_close_response_codec), R"({"id":2,"was_user_opened":false})", "id", "",
+       "was_user_opened"},
+      {"BrowserSnapshotRequest", runner(browser_snapshot_request_codec), R"({"id":2,"format":""})", "id", "format"},
+      {"BrowserSnapshotResponse", runner(browser_snapshot_response_codec), kPage, "viewport_width"},
+      {"BrowserSnapshotResponse/defaults", runner(browser_snapshot_response_codec), kPageDefaults, "url", "type"},
+      {"BrowserSnapshotResponse/snapshot", runner(browser_snapshot_response_codec), kPageDefaults, "", "snapshot"},
+      {"BrowserNavigateRequest", runner(browser_navigate_request_codec), R"({"id":2,"url":"https://example.org/b"})",
+       "url"},
+      {"BrowserNavigateResponse", runner(browser_navigate_response_codec), kPage, "viewport_height"},
+      {"BrowserNavigateResponse/defaults", runner(browser_navigate_response_codec), kPageDefaults, "title", "type"},
+      {"BrowserNavigateResponse/snapshot", runner(browser_navigate_response_codec), kPageDefaults, "", "snapshot"},
+      {"BrowserClickRequest", runner(browser_click_request_codec), R"({"id":2,"ref":"e12"})", "ref"},
+      {"BrowserClickResponse", runner(browser_click_response_codec),
+       R"({"ref":"e12","element":"button","navigated":true,"url":"u","title":"t","snapshot":"s"})", "navigated", "",
+       "title"},
+      {"BrowserTypeRequest", runner(browser_type_request_codec), R"({"id":2,"ref":"e3","text":"hello","submit":false})",
+       "text", "submit"},
+      {"BrowserTypeResponse", runner(browser_type_response_codec),
+       R"({"ref":"e3","element":"textbox","submitted":false,"url":"u","title":"t","snapshot":"s"})", "submitted", "",
+       "snapshot"},
+      {"BrowserScrollRequest", runner(browser_scroll_request_codec), R"({"id":2,"ref":"e9"})", "id"},
+      {"BrowserScrollResponse", runner(browser_scroll_response_codec),
+       R"({"url":"u","title":"t","viewport_width":800,"viewport_height":600,"snapshot":""})", "title", "snapshot"},
+      {"BrowserEvaluateRequest", runner(browser_evaluate_request_codec), R"({"id":2,"expression":"1+1"})",
+       "expression"},
+      {"BrowserEvaluateResponse", runner(browser_evaluate_response_codec), R"({"result":"2"})", "result"},
+  };
+  orvanta::test::check_wire_table(cases);
+}
+
+// Nobody sets the defaulted members of a new browser, and every one of them
+// still goes out.
+TEST(BrowserRecords, NewRequestWritesEveryDefault) {
+  BrowserNewRequest request;
+  request.title_or_url = "x";
+  EXPECT_EQ(json::encode(browser_new_request_codec(), request), kNewDefaults);
+}
+
+// `popup_ids` is a plain list, written even when empty; `parent_id` is
+// optional and left out.
+TEST(BrowserRecords, ListItemPresence) {
+  BrowserListItem item;
+  item.id = 5;
+  EXPECT_EQ(json::encode(browser_list_item_codec(), item),
+            R"({"id":5,"type":"","url":"","title":"","viewport_width":0,"viewport_height":0,"popup_ids":[]})");
+}
+
+TEST(BrowserRecords, CloseRequestWithoutIdIsEmpty) {
+  EXPECT_EQ(json::encode(browser_close_request_codec(), BrowserCloseRequest{}), "{}");
+}
+
+// Four int32 members: each value must land under its own key.
+TEST(BrowserRecords, FilledListItemEncodesAsTheTable) {
+  const BrowserListItem item{2, "page", "https://example.org/", "Example", 800, 600, 1, {3, 4}, "agent"};
+  EXPECT_EQ(json::encode(browser_list_item_codec(), item), kItem);
+  const BrowserSnapshotResponse page{"https://example.org/", "Example", "page", 800, 600, "- heading"};
+  EXPECT_EQ(json::encode(browser_snapshot_response_codec(), page), kPage);
+}
+
+}  // namespace

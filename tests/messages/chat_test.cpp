@@ -1,0 +1,77 @@
+#include "messages/chat.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "tests/messages/wire_table.hpp"
+
+namespace {
+
+using namespace orvanta::messages;
+namespace json = orvanta::json;
+using orvanta::test::runner;
+using orvanta::test::WireCase;
+
+constexpr std::string_view kMessage =
+    R"({"id":"m1","sender":"u1","text":"hi","shared_uri":"orvanta:track:1","shared_off_platform":false,)"
+    R"("timestamp":"2024-01-01T00:00:00Z","envelope_header":"h1"})";
+constexpr std::string_view kBareMessage =
+    R"({"id":"m2","sender":"u2","text":"yo","shared_off_platform":true,"timestamp":"2024-01-01T00:01:00Z"})";
+constexpr std::string_view kParticipant = R"({"username":"u1","display_name":"Ann","role":"owner"})";
+constexpr std::string_view kNotification =
+    R"({"conversation_id":"c1","message_id":"m3","sender":"u2","text":"hey","timestamp":"2024-01-01T00:02:00Z",)"
+    R"("agent_context":{"agent_id":"a1","role":"assistant"},"envelope_header":"h2"})";
+
+TEST(ChatRecords, WireTable) {
+  const std::string message(kMessage), bare(kBareMessage), participant(kParticipant);
+  const std::string conversation = R"({"id":"c1","type":"direct","status":"active","title":"Ann","participants":[)" +
+                                   participant + R"(],"last_message":)" + message + R"(,"unread_count":3})";
+  const std::string list = R"({"conversations":[)" + conversation + "]}";
+  const std::string read = R"({"conversation_id":"c1","messages":[)" + message + "," + bare + "]}";
+  const WireCase cases[] = {
+      {"ChatParticipant", runner(chat_participant_codec), kParticipant, "role"},
+      {"ChatMessage", runner(chat_message_codec), kMessage, "shared_off_platform", "", "shared_uri"},
+      {"ChatMessage/header", runner(chat_message_codec), kMessage, "timestamp", "", "envelope_header"},
+      {"ChatConversation", runner(chat_conversation_codec), conversation, "unread_count", "", "last_message"},
+      {"ChatConversation/participants", runner(chat_conversation_codec), conversation, "participants"},
+      {"ChatListResponse", runner(chat_list_response_codec), list, "conversations"},
+      {"ChatReadRequest", runner(chat_read_request_codec), R"({"conversation_id":"c1","limit":20,"before":"m9"})",
+       "conversation_id", "", "limit"},
+      {"ChatReadRequest/before", runner(chat_read_request_codec),
+       R"({"conversation_id":"c1","limit":20,"before":"m9"})", "", "", "before"},
+      {"ChatReadResponse", runner(chat_read_response_codec), read, "messages"},
+      {"ChatSendRequest", runner(chat_send_request_codec),
+       R"({"conversation_id":"c1","text":"hi","send_as_agent":false,"chat_role":"assistant",)"
+       R"("envelope_header":"h1","share_uri":"orvanta:track:1"})",
+       "text", "send_as_agent", "share_uri"},
+      {"ChatSendRequest/role", runner(chat_send_request_codec),
+       R"({"conversation_id":"c1","text":"hi","send_as_agent":true,"chat_role":"assistant"})", "conversation_id",
+       "", "chat_role"},
+      {"ChatSendResponse", runner(chat_send_response_codec), R"({"message_id":"m2"})", "message_id"},
+      {"ChatAgentContext", runner(chat_agent_context_codec), R"({"agent_id":"a1","role":"assistant"})", "agent_id"},
+      {"ChatNotification", runner(chat_notification_codec), kNotification, "message_id", "", "agent_context"},
+      {"ChatNotification/header", runner(chat_notification_codec), kNotification, "sender", "", "envelope_header"},
+  };
+  orvanta::test::check_wire_table(cases);
+}
+
+// Records made of many strings: each value must land under its own key.
+TEST(ChatRecords, FilledRecordsEncodeAsTheTable) {
+  const ChatMessage message{"m1", "u1", "hi", "orvanta:track:1", false, "2024-01-01T00:00:00Z", "h1"};
+  EXPECT_EQ(json::encode(chat_message_codec(), message), kMessage);
+  const ChatNotification notification{
+      "c1", "m3", "u2", "hey", "2024-01-01T00:02:00Z", ChatAgentContext{"a1", "assistant"}, "h2"};
+  EXPECT_EQ(json::encode(chat_notification_codec(), notification), kNotification);
+}
+
+TEST(ChatRecords, SendRequestAlwaysWritesSendAsAgent) {
+  ChatSendRequest request;
+  request.conversation_id = "c1";
+  request.text = "hi";
+  EXPECT_EQ(json::encode(chat_send_request_codec(), request),
+            R"({"conversation_id":"c1","text":"hi","send_as_agent":false})");
+}
+
+}  // namespace

@@ -1,0 +1,74 @@
+#include "messages/model_calls.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "tests/messages/wire_table.hpp"
+
+namespace {
+
+using namespace orvanta::messages;
+namespace json = orvanta::json;
+using orvanta::test::runner;
+using orvanta::test::WireCase;
+
+// A body is JSON text of its own, carried as an escaped string and never
+// looked into.
+constexpr std::string_view kBody = R"({"body":"{\"model\":\"m1\",\"input\":[1,2]}"})";
+constexpr std::string_view kAnswer =
+    R"({"status_code":200,"body":"{\"id\":\"r1\"}","content_type":"application/json"})";
+constexpr std::string_view kChunk =
+    R"({"data":"Hel","done":false,"error":true,"error_msg":"boom","status_code":500,"content_type":"text/plain"})";
+constexpr std::string_view kLastChunk =
+    R"({"data":"","done":true,"error":false,"error_msg":"","status_code":0,"content_type":""})";
+
+TEST(ModelCallRecords, WireTable) {
+  const WireCase cases[] = {
+      {"AiCompletionsRequest", runner(ai_completions_request_codec), kBody, "body"},
+      {"AiCompletionsResponse", runner(ai_completions_response_codec), kAnswer, "content_type"},
+      {"AiCompletionsStreamRequest", runner(ai_completions_stream_request_codec), kBody, "body"},
+      {"AiCompletionsStreamChunk", runner(ai_completions_stream_chunk_codec), kChunk, "done"},
+      {"AiCompletionsStreamChunk/last", runner(ai_completions_stream_chunk_codec), kLastChunk, "data", "error_msg"},
+      {"AiCompletionsStreamChunk/status", runner(ai_completions_stream_chunk_codec), kLastChunk, "error",
+       "status_code"},
+      {"AiCompletionsStreamChunk/type", runner(ai_completions_stream_chunk_codec), kLastChunk, "", "content_type"},
+      {"AiMessagesRequest", runner(ai_messages_request_codec), kBody, "body"},
+      {"AiMessagesResponse", runner(ai_messages_response_codec), kAnswer, "status_code"},
+      {"AiMessagesStreamRequest", runner(ai_messages_stream_request_codec), kBody, "body"},
+      {"AiMessagesStreamChunk", runner(ai_messages_stream_chunk_codec), kChunk, "error"},
+      {"AiMessagesStreamChunk/last", runner(ai_messages_stream_chunk_codec), kLastChunk, "done", "error_msg"},
+      {"AiMessagesStreamChunk/status", runner(ai_messages_stream_chunk_codec), kLastChunk, "data", "status_code"},
+      {"AiMessagesStreamChunk/type", runner(ai_messages_stream_chunk_codec), kLastChunk, "", "content_type"},
+      {"AiImagesRequest", runner(ai_images_request_codec), kBody, "body"},
+      {"AiImagesResponse", runner(ai_images_response_codec), kAnswer, "body"},
+      {"TelemetrySandboxRequest", runner(telemetry_sandbox_request_codec), kBody, "body"},
+      {"TelemetrySandboxResponse", runner(telemetry_sandbox_response_codec),
+       R"({"status_code":204,"body":""})", "status_code"},
+  };
+  orvanta::test::check_wire_table(cases);
+}
+
+TEST(ModelCallRecords, BodyPassesThroughUnread) {
+  AiImagesRequest request;
+  request.body = R"({"prompt":"a cat"})";
+  EXPECT_EQ(json::encode(ai_images_request_codec(), request), R"({"body":"{\"prompt\":\"a cat\"}"})");
+}
+
+// The sandbox answer has no `content_type`; one sent anyway is skipped.
+TEST(ModelCallRecords, SandboxAnswerHasNoContentType) {
+  const auto codec = telemetry_sandbox_response_codec();
+  const TelemetrySandboxResponse answer =
+      json::decode(codec, R"({"status_code":200,"body":"x","content_type":"text/plain"})");
+  EXPECT_EQ(json::encode(codec, answer), R"({"status_code":200,"body":"x"})");
+}
+
+TEST(ModelCallRecords, FilledChunkEncodesAsTheTable) {
+  const AiCompletionsStreamChunk chunk{"Hel", false, true, "boom", 500, "text/plain"};
+  EXPECT_EQ(json::encode(ai_completions_stream_chunk_codec(), chunk), kChunk);
+  const AiMessagesStreamChunk same{"Hel", false, true, "boom", 500, "text/plain"};
+  EXPECT_EQ(json::encode(ai_messages_stream_chunk_codec(), same), kChunk);
+}
+
+}  // namespace

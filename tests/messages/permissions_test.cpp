@@ -1,0 +1,52 @@
+#include "messages/permissions.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "tests/messages/wire_table.hpp"
+
+namespace {
+
+using namespace orvanta::messages;
+namespace json = orvanta::json;
+using orvanta::test::decode_outcome;
+using orvanta::test::runner;
+using orvanta::test::WireCase;
+
+constexpr std::string_view kRequest =
+    R"({"type":"permission_request","request_id":"r1","command":"play","permission_type":"playback",)"
+    R"("origin":"agent","source_id":"src1","granted":false,"message":"Allow playback?"})";
+
+TEST(PermissionRecords, WireTable) {
+  const std::string current = R"({"pending":)" + std::string(kRequest) + "}";
+  const WireCase cases[] = {
+      {"PermissionsGrantRequest", runner(permissions_grant_request_codec),
+       R"({"command":"play","source_id":"src1"})", "source_id"},
+      {"PermissionsGrantResponse", runner(permissions_grant_response_codec), R"({"granted":true,"message":"ok"})",
+       "granted"},
+      {"PermissionRequest", runner(permission_request_codec), kRequest, "request_id", "", "granted"},
+      {"PermissionRequest/message", runner(permission_request_codec), kRequest, "message"},
+      {"PermissionsCurrentResponse", runner(permissions_current_response_codec), current, "", "", "pending"},
+      {"PermissionsResolveRequest", runner(permissions_resolve_request_codec),
+       R"({"request_id":"r1","granted":true})", "granted"},
+      {"PermissionsResolveResponse", runner(permissions_resolve_response_codec),
+       R"({"success":true,"granted":false,"message":"done"})", "success"},
+  };
+  orvanta::test::check_wire_table(cases);
+}
+
+// At most one open request: a list in its place is refused.
+TEST(PermissionRecords, PendingIsOneRequestNotAList) {
+  EXPECT_EQ(decode_outcome(permissions_current_response_codec(), R"({"pending":[)" + std::string(kRequest) + "]}"),
+            "error: Unexpected input");
+}
+
+TEST(PermissionRecords, FilledRequestEncodesAsTheTable) {
+  const PermissionRequest request{"permission_request", "r1",   "play", "playback", "agent",
+                                  "src1",               false, "Allow playback?"};
+  EXPECT_EQ(json::encode(permission_request_codec(), request), kRequest);
+}
+
+}  // namespace

@@ -1,0 +1,75 @@
+#include "messages/rondo.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "tests/messages/wire_table.hpp"
+
+namespace {
+
+using namespace orvanta::messages;
+namespace json = orvanta::json;
+using orvanta::test::decode_outcome;
+using orvanta::test::runner;
+using orvanta::test::WireCase;
+
+constexpr std::string_view kStatus =
+    R"({"session_id":"s1","is_session_owner":true,"active":false,"member_count":2,"queue_only_mode":true,)"
+    R"("volume_control_enabled":false,"members":[)"
+    R"({"username":"u1","display_name":"Ann","image_url":"https://img/1","is_current_user":true},)"
+    R"({"username":"u2","display_name":"Bo","is_current_user":false}],"join_token":"tok"})";
+
+TEST(RondoRecords, WireTable) {
+  const WireCase cases[] = {
+      {"RondoMember", runner(rondo_member_codec),
+       R"({"username":"u1","display_name":"Ann","image_url":"https://img/1","is_current_user":true})",
+       "is_current_user", "", "image_url"},
+      {"RondoStatusResponse", runner(rondo_status_response_codec), kStatus, "members", "", "join_token"},
+      {"RondoStatusResponse/empty", runner(rondo_status_response_codec),
+       R"({"session_id":"","is_session_owner":false,"active":false,"member_count":0,"queue_only_mode":false,)"
+       R"("volume_control_enabled":false,"members":[]})",
+       "session_id"},
+      {"RondoCreateRequest", runner(rondo_create_request_codec), R"({"device_id":"d1","activate":false})", "",
+       "activate", "device_id"},
+      {"RondoKickRequest", runner(rondo_kick_request_codec), R"({"member_id":"u2"})", "member_id"},
+      {"RondoPermissionsRequest", runner(rondo_permissions_request_codec),
+       R"({"queue_only_mode":true,"volume_control":false})", "", "", "volume_control"},
+      {"RondoPermissionsResponse", runner(rondo_permissions_response_codec),
+       R"({"queue_only_mode":true,"volume_control_enabled":false})", "volume_control_enabled"},
+  };
+  orvanta::test::check_wire_table(cases);
+}
+
+// Ties each key to its member: a key bound to the wrong bool would still
+// round-trip.
+TEST(RondoRecords, FilledStatusEncodesAsTheTable) {
+  RondoStatusResponse status;
+  status.session_id = "s1";
+  status.is_session_owner = true;
+  status.member_count = 2;
+  status.queue_only_mode = true;
+  status.members.push_back(RondoMember{"u1", "Ann", "https://img/1", true});
+  status.members.push_back(RondoMember{"u2", "Bo", std::nullopt, false});
+  status.join_token = "tok";
+  EXPECT_EQ(json::encode(rondo_status_response_codec(), status), kStatus);
+}
+
+// With nothing to change, the request is an empty object.
+TEST(RondoRecords, PermissionsRequestWritesOnlyWhatChanges) {
+  RondoPermissionsRequest request;
+  EXPECT_EQ(json::encode(rondo_permissions_request_codec(), request), "{}");
+  request.volume_control = true;
+  EXPECT_EQ(json::encode(rondo_permissions_request_codec(), request), R"({"volume_control":true})");
+}
+
+TEST(RondoRecords, MemberCountIsSigned32Bit) {
+  const auto codec = rondo_status_response_codec();
+  const std::string head = R"({"session_id":"s","is_session_owner":false,"active":false,"member_count":)";
+  const std::string tail = R"(,"queue_only_mode":false,"volume_control_enabled":false,"members":[]})";
+  EXPECT_EQ(decode_outcome(codec, head + "-1" + tail), "ok");
+  EXPECT_EQ(decode_outcome(codec, head + "2147483648" + tail), "error: Integer overflow");
+}
+
+}  // namespace

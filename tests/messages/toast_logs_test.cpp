@@ -1,0 +1,35 @@
+#include "messages/toast_logs.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "tests/messages/wire_table.hpp"
+
+namespace {
+
+using namespace orvanta::messages;
+namespace json = orvanta::json;
+using orvanta::test::runner;
+using orvanta::test::WireCase;
+
+constexpr std::string_view kToast =
+    R"({"title":"Hi","body":"There","subtitle":"Sub","image_url":"https://img/t.png","launch_uri":"orvanta:track:1"})";
+
+TEST(ToastAndLogRecords, WireTable) {
+  const WireCase cases[] = {
+      {"ShowToastRequest", runner(show_toast_request_codec), kToast, "body", "", "subtitle"},
+      {"ShowToastRequest/launch", runner(show_toast_request_codec), kToast, "title", "", "launch_uri"},
+      {"CollectLogsNotification", runner(collect_logs_notification_codec), R"({"logs_directory":"/tmp/logs"})",
+       "logs_directory"},
+  };
+  orvanta::test::check_wire_table(cases);
+}
+
+TEST(ToastAndLogRecords, FilledToastEncodesAsTheTable) {
+  const ShowToastRequest toast{"Hi", "There", "Sub", "https://img/t.png", "orvanta:track:1"};
+  EXPECT_EQ(json::encode(show_toast_request_codec(), toast), kToast);
+}
+
+}  // namespace

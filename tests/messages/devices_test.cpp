@@ -13,20 +13,46 @@ using orvanta::test::decode_outcome;
 using orvanta::test::runner;
 using orvanta::test::WireCase;
 
-// One capabilities object with every key in table order; the nested records
-// are checked through it.
+// One device with every key in table order, the nested records included.
+// Neighbouring members of one type hold different values, so that a key
+// bound to the wrong member changes the bytes.
 const std::string kCapabilities = std::string(R"({"supports_rename":true,)"
   R"("supports_hifi":{"fully_supported":true,"user_eligible":false,"device_supported":true},)"
   R"("disable_volume":false,"volume_steps":64,"supports_playlist_mixing":true,"supports_dj":false,)"
-  R"("supports_remote_sleep_timer":true,"is_voice_enabled":false,"is_offline":false,)"
-  R"("supports_remote_audio_quality_control":true,"supports_external_episodes":false,)"
+  R"("supports_remote_sleep_timer":true,"is_voice_enabled":false,"is_offline":true,)"
+  R"("supports_remote_audio_quality_control":false,"supports_external_episodes":true,)"
   R"("supported_audio_quality":"VERY_HIGH","disallow_reasons":["restricted","offline"],)"
-  R"("audio_output":{"name":"Speakers","connection_type":"bluetooth","brand":"Acme",)"
-  R"("model":"S1","category":"speaker"}})");
+  R"("audio_output":{"name":"Speakers","connection_type":"bluetooth","brand":"Boxco",)"
+  R"("model":"B7","category":"speaker"}})");
 
-const std::string kDevice = std::string(R"({"device_id":"d1","name":"Kitchen","device_type":"speaker","volume":-3,)"
+const std::string kDevice = std::string(R"({"device_id":"d1","name":"Kitchen","device_type":"smartphone","volume":-3,)"
   R"("is_active":true,"is_group":false,"is_local":true,"is_self":false,)"
   R"("brand":"Acme","model":"S1","software_version":"1.0.2","capabilities":)") + kCapabilities + "}";
+
+ConnectDevice device_record() {
+  ConnectDevice d;
+  d.device_id = "d1";
+  d.name = "Kitchen";
+  d.device_type = "smartphone";
+  d.volume = -3;
+  d.is_active = true;
+  d.is_local = true;
+  d.brand = "Acme";
+  d.model = "S1";
+  d.software_version = "1.0.2";
+  DeviceCapabilities& c = d.capabilities;
+  c.supports_rename = true;
+  c.supports_hifi = {true, false, true};
+  c.volume_steps = 64;
+  c.supports_playlist_mixing = true;
+  c.supports_remote_sleep_timer = true;
+  c.is_offline = true;
+  c.supports_external_episodes = true;
+  c.supported_audio_quality = "VERY_HIGH";
+  c.disallow_reasons = {"restricted", "offline"};
+  c.audio_output = AudioOutput{"Speakers", "bluetooth", "Boxco", "B7", "speaker"};
+  return d;
+}
 
 const std::string kMinimalCapabilities = std::string(R"({"supports_rename":false,)"
   R"("supports_hifi":{"fully_supported":false,"user_eligible":false,"device_supported":false},)"
@@ -68,19 +94,21 @@ TEST(DeviceRecords, WireTable) {
   orvanta::test::check_wire_table(cases);
 }
 
-TEST(DeviceRecords, DecodedValuesLandInTheirMembers) {
-  const ConnectDevice device = orvanta::json::decode(connect_device_codec(), kDevice);
-  EXPECT_EQ(device.device_id, "d1");
-  EXPECT_EQ(device.volume, -3);
-  EXPECT_TRUE(device.is_local);
-  EXPECT_FALSE(device.is_self);
-  EXPECT_EQ(device.software_version, "1.0.2");
-  EXPECT_EQ(device.capabilities.volume_steps, 64);
-  EXPECT_TRUE(device.capabilities.supports_hifi.device_supported);
-  EXPECT_FALSE(device.capabilities.supports_hifi.user_eligible);
-  EXPECT_EQ(device.capabilities.disallow_reasons, (std::vector<std::string>{"restricted", "offline"}));
-  ASSERT_TRUE(device.capabilities.audio_output.has_value());
-  EXPECT_EQ(device.capabilities.audio_output->connection_type, "bluetooth");
+// Written from a record built member by member: a key bound to the wrong
+// member would round-trip unnoticed, but not survive this.
+TEST(DeviceRecords, BuiltRecordGivesTheTableBytes) {
+  EXPECT_EQ(orvanta::json::encode(connect_device_codec(), device_record()), kDevice);
+  EXPECT_EQ(orvanta::json::decode(connect_device_codec(), kDevice), device_record());
+  ConnectClusterResponse cluster;
+  cluster.active_device_id = "d1";
+  cluster.devices = {device_record(), device_record()};
+  EXPECT_EQ(orvanta::json::encode(connect_cluster_response_codec(), cluster), kCluster);
+  EXPECT_EQ(orvanta::json::encode(hifi_support_codec(), HifiSupport{false, true, true}),
+            R"({"fully_supported":false,"user_eligible":true,"device_supported":true})");
+  EXPECT_EQ(orvanta::json::encode(connect_set_volume_request_codec(), ConnectSetVolumeRequest{"d2", 75}),
+            R"({"device_id":"d2","volume":75})");
+  EXPECT_EQ(orvanta::json::encode(active_device_notification_codec(), ActiveDeviceNotification{"d1", true}),
+            R"({"active_device_id":"d1","is_local":true})");
 }
 
 // A hifi flag sent as a plain boolean is a protocol error, not a shortcut.

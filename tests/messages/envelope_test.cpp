@@ -53,6 +53,22 @@ TEST(EnvelopeRecords, WireTable) {
   orvanta::test::check_wire_table(cases);
 }
 
+// Members of one type hold different values, so a key bound to the wrong
+// member shows.
+TEST(EnvelopeRecords, DecodedMembers) {
+  EXPECT_EQ(orvanta::json::decode(error_object_codec(), R"({"code":-32600,"category":"desktop_api","message":"x"})"),
+            (ErrorObject{-32600, "desktop_api", "x"}));
+  const IncomingMessage message = orvanta::json::decode(
+      incoming_message_codec(),
+      R"({"jsonrpc":"2.0","id":"a","method":"m","params":[1],"result":{},"error":{"code":1,"category":"c","message":"t"}})");
+  EXPECT_EQ(message.jsonrpc, "2.0");
+  EXPECT_EQ(message.id, "a");
+  EXPECT_EQ(message.method, "m");
+  EXPECT_EQ(message.params, RawJsonValue("[1]"));
+  EXPECT_EQ(message.result, RawJsonValue("{}"));
+  EXPECT_EQ(message.error, (ErrorObject{1, "c", "t"}));
+}
+
 TEST(EnvelopeRecords, MeRequestBytes) {
   EXPECT_EQ(encode_request("me", empty_request_codec(), EmptyRequest{}, "5d0c"),
             R"({"jsonrpc":"2.0","method":"me","params":{},"id":"5d0c"})");

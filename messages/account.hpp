@@ -23,8 +23,8 @@ struct ConnectLoginRequest {
 };
 
 struct GetUsernameHashResponse {
-  std::string hash;
-  std::string salt;
+  std::string hash{};
+  std::string salt{};
   bool operator==(const GetUsernameHashResponse&) const = default;
 };
 
@@ -34,11 +34,11 @@ struct TkMessageAuthPolicyResponse {
 };
 
 struct MeResponse {
-  std::string username;
-  std::string display_name;
-  std::string country;
-  std::string product;
-  std::string catalogue;
+  std::string username{};
+  std::string display_name{};
+  std::string country{};
+  std::string product{};
+  std::string catalogue{};
   bool operator==(const MeResponse&) const = default;
 };
 

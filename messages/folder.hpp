@@ -12,7 +12,7 @@ namespace orvanta::messages {
 
 // Without `folder_uri` the root is listed.
 struct FolderListRequest {
-  std::optional<std::string> folder_uri;
+  std::optional<std::string> folder_uri{};
   bool recursive = false;
   bool operator==(const FolderListRequest&) const = default;
 };
@@ -20,50 +20,50 @@ struct FolderListRequest {
 // A folder or a playlist. `parent_uri` is absent at the root; `depth`
 // counts from the folder that was listed.
 struct FolderItem {
-  std::string uri;
-  std::string name;
-  std::string type;
-  std::optional<std::string> parent_uri;
+  std::string uri{};
+  std::string name{};
+  std::string type{};
+  std::optional<std::string> parent_uri{};
   std::int32_t depth = 0;
   bool operator==(const FolderItem&) const = default;
 };
 
 // `items` is the content of `root`, flat, whatever the depth.
 struct FolderListResponse {
-  FolderItem root;
-  std::vector<FolderItem> items;
+  FolderItem root{};
+  std::vector<FolderItem> items{};
   std::int32_t total_items = 0;
   bool operator==(const FolderListResponse&) const = default;
 };
 
 // Without `parent_folder_uri` the folder is made at the root.
 struct FolderCreateRequest {
-  std::string name;
-  std::optional<std::string> parent_folder_uri;
+  std::string name{};
+  std::optional<std::string> parent_folder_uri{};
   bool operator==(const FolderCreateRequest&) const = default;
 };
 
 struct FolderCreateResponse {
-  std::string uri;
-  std::string name;
+  std::string uri{};
+  std::string name{};
   bool operator==(const FolderCreateResponse&) const = default;
 };
 
 struct FolderRenameRequest {
-  std::string folder_uri;
-  std::string name;
+  std::string folder_uri{};
+  std::string name{};
   bool operator==(const FolderRenameRequest&) const = default;
 };
 
 struct FolderRenameResponse {
-  std::string uri;
-  std::string name;
+  std::string uri{};
+  std::string name{};
   bool operator==(const FolderRenameResponse&) const = default;
 };
 
 struct FolderMoveRequest {
-  std::vector<std::string> uris;
-  std::string destination_folder_uri;
+  std::vector<std::string> uris{};
+  std::string destination_folder_uri{};
   bool operator==(const FolderMoveRequest&) const = default;
 };
 
@@ -73,7 +73,7 @@ struct FolderMoveResponse {
 };
 
 struct FolderRemoveRequest {
-  std::string folder_uri;
+  std::string folder_uri{};
   bool keep_contents = false;
   bool operator==(const FolderRemoveRequest&) const = default;
 };

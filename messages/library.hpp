@@ -12,60 +12,60 @@
 namespace orvanta::messages {
 
 struct LibraryListRequest {
-  std::optional<std::string> type;
-  std::optional<std::int32_t> limit;
-  std::optional<std::int32_t> offset;
+  std::optional<std::string> type{};
+  std::optional<std::int32_t> limit{};
+  std::optional<std::int32_t> offset{};
   bool operator==(const LibraryListRequest&) const = default;
 };
 
 struct LibraryItem {
-  std::string uri;
-  std::string name;
-  std::string type;
-  std::vector<std::string> artists;
-  std::optional<std::string> album;
+  std::string uri{};
+  std::string name{};
+  std::string type{};
+  std::vector<std::string> artists{};
+  std::optional<std::string> album{};
   bool operator==(const LibraryItem&) const = default;
 };
 
 struct LibraryListResponse {
-  std::vector<LibraryItem> items;
+  std::vector<LibraryItem> items{};
   std::int32_t total = 0;
   bool has_more = false;
   bool operator==(const LibraryListResponse&) const = default;
 };
 
 struct LibraryContainsRequest {
-  std::vector<std::string> uris;
+  std::vector<std::string> uris{};
   bool operator==(const LibraryContainsRequest&) const = default;
 };
 
 // One entry per URI asked about. An ordered map, so that the encoded form
 // is sorted by URI whatever order the peer sent.
 struct LibraryContainsResponse {
-  std::map<std::string, bool> contains;
+  std::map<std::string, bool> contains{};
   bool operator==(const LibraryContainsResponse&) const = default;
 };
 
 struct LibraryAddRequest {
-  std::vector<std::string> uris;
+  std::vector<std::string> uris{};
   bool operator==(const LibraryAddRequest&) const = default;
 };
 
 struct LibraryRemoveRequest {
-  std::vector<std::string> uris;
+  std::vector<std::string> uris{};
   bool operator==(const LibraryRemoveRequest&) const = default;
 };
 
 // `failed` lists the URIs that could not be changed.
 struct LibraryAddResponse {
   std::int32_t count = 0;
-  std::vector<std::string> failed;
+  std::vector<std::string> failed{};
   bool operator==(const LibraryAddResponse&) const = default;
 };
 
 struct LibraryRemoveResponse {
   std::int32_t count = 0;
-  std::vector<std::string> failed;
+  std::vector<std::string> failed{};
   bool operator==(const LibraryRemoveResponse&) const = default;
 };
 

@@ -10,20 +10,20 @@
 namespace orvanta::messages {
 
 struct PlaybackPlayRequest {
-  std::string context;
-  std::string referrer;
-  std::optional<std::string> attribution;
-  std::optional<std::string> agentic_product_type;
+  std::string context{};
+  std::string referrer{};
+  std::optional<std::string> attribution{};
+  std::optional<std::string> agentic_product_type{};
   bool operator==(const PlaybackPlayRequest&) const = default;
 };
 
 struct PlaybackNextRequest {
-  std::optional<std::string> context_track;
+  std::optional<std::string> context_track{};
   bool operator==(const PlaybackNextRequest&) const = default;
 };
 
 struct PlaybackPreviousRequest {
-  std::optional<std::string> context_track;
+  std::optional<std::string> context_track{};
   bool operator==(const PlaybackPreviousRequest&) const = default;
 };
 
@@ -41,7 +41,7 @@ struct PlaybackShuffleRequest {
 
 // "off", "context" or "track"; the command checks the word, the codec does not.
 struct PlaybackRepeatRequest {
-  std::string repeat;
+  std::string repeat{};
   bool operator==(const PlaybackRepeatRequest&) const = default;
 };
 
@@ -57,16 +57,16 @@ struct PlaybackVolumeRequest {
 };
 
 struct NowPlayingItem {
-  std::string description;
-  std::string uri;
-  std::optional<std::string> context_description;
+  std::string description{};
+  std::string uri{};
+  std::optional<std::string> context_description{};
   bool is_playing = false;
   bool operator==(const NowPlayingItem&) const = default;
 };
 
 // `currently_playing` is absent when nothing plays.
 struct NowPlayingResponse {
-  std::optional<NowPlayingItem> currently_playing;
+  std::optional<NowPlayingItem> currently_playing{};
   bool operator==(const NowPlayingResponse&) const = default;
 };
 

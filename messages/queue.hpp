@@ -12,25 +12,25 @@
 namespace orvanta::messages {
 
 struct QueueItem {
-  std::string uri;
-  std::string uid;
-  std::string name;
-  std::string artist;
-  std::string provider;
+  std::string uri{};
+  std::string uid{};
+  std::string name{};
+  std::string artist{};
+  std::string provider{};
   bool operator==(const QueueItem&) const = default;
 };
 
 // `currently_playing` is absent when nothing plays. `revision` is unsigned
 // 64-bit: the peer's counter may use the whole range.
 struct QueueListResponse {
-  std::optional<QueueItem> currently_playing;
-  std::vector<QueueItem> next_tracks;
+  std::optional<QueueItem> currently_playing{};
+  std::vector<QueueItem> next_tracks{};
   std::uint64_t revision = 0;
   bool operator==(const QueueListResponse&) const = default;
 };
 
 struct QueueAddRequest {
-  std::string uri;
+  std::string uri{};
   bool operator==(const QueueAddRequest&) const = default;
 };
 

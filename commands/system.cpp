@@ -1,0 +1,50 @@
+#include "commands/system.hpp"
+
+#include <chrono>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "commands/program.hpp"
+#include "commands/version_info.hpp"
+#include "json/json.hpp"
+
+namespace orvanta::commands {
+namespace {
+
+// Gives the application a moment to take the URI before we exit.
+void pause_for_launch() { std::this_thread::sleep_for(std::chrono::milliseconds(100)); }
+
+}  // namespace
+
+int version(const cli::CommandLine& line, Context& context) {
+  VersionInfo info;
+  if (line.json_output()) {
+    std::fprintf(context.out, "%s\n", json::encode(version_info_codec(), info).str().c_str());
+    return 0;
+  }
+  std::fprintf(context.out, "cli: %s\n", info.cli.c_str());
+  std::fprintf(context.out, "tetherkit: %s\n", info.tetherkit.c_str());
+  std::fprintf(context.out, "tetherkit-hash: %s\n", info.tetherkit_hash.c_str());
+  std::fprintf(context.out, "podroom: %s\n", info.podroom.c_str());
+  return 0;
+}
+
+int open(const cli::CommandLine& line, Context& context) {
+  std::vector<std::string> args(line.arguments().begin(), line.arguments().end());
+  context.launcher.launch(std::move(args));
+  pause_for_launch();
+  return 0;
+}
+
+int navigate(const cli::CommandLine& line, Context& context) {
+  context.launcher.launch({"--uri=" + std::string(line.argument())});
+  if (!line.play_after()) {
+    pause_for_launch();
+    return 0;
+  }
+  if (!context.connect()) return 1;
+  return context.play(line);
+}
+
+}  // namespace orvanta::commands

@@ -1,0 +1,162 @@
+// The real binary, run as a process, with no desktop client on the machine:
+// what reaches stdout and stderr, and the exit status.
+#include <gtest/gtest.h>
+
+#include "tests/support/process.hpp"
+
+namespace orvanta::testing {
+namespace {
+
+const char* const kTopPage =
+    "Control Orvanta from the command line.\n"
+    "\n"
+    "USAGE\n"
+    "  orvanta_cli <command> [flags]\n"
+    "\n"
+    "PLAYBACK\n"
+    "  play           Play a Orvanta URI or resume playback\n"
+    "  pause          Pause playback\n"
+    "  resume         Resume playback\n"
+    "  next           Skip to next track\n"
+    "  previous       Skip to previous track\n"
+    "  seek           Seek to position in current track\n"
+    "  shuffle        Set shuffle mode\n"
+    "  repeat         Set repeat mode\n"
+    "  speed          Set playback speed\n"
+    "  volume         Set playback volume\n"
+    "  now-playing    Show currently playing track info\n"
+    "  devices        Manage connected devices\n"
+    "  queue          Manage the playback queue\n"
+    "  rondo          Manage Rondo sessions\n"
+    "\n"
+    "CONTENT\n"
+    "  search         Search for tracks, artists, albums\n"
+    "  lookup         Resolve URIs to metadata\n"
+    "  taste          Your music taste profile\n"
+    "  history        View your listening history\n"
+    "  pod            Podroom (upload, shows, episodes, timeline)\n"
+    "\n"
+    "LIBRARY\n"
+    "  library        Manage your saved library\n"
+    "  playlist       Manage playlists\n"
+    "  folder         Manage playlist folders\n"
+    "\n"
+    "SYSTEM\n"
+    "  me             Show current user info\n"
+    "  status         Check connection and login state\n"
+    "  open           Launch the Orvanta app\n"
+    "  navigate       Navigate to a Orvanta URI\n"
+    "  version        Print versions of the CLI and bundled native helpers\n"
+    "\n"
+    "GLOBAL FLAGS\n"
+    "  --format text|json  Output format (default: text)\n"
+    "  -h, --help     Show help for command\n"
+    "\n"
+    "LEARN MORE\n"
+    "  orvanta_cli <command> --help\n";
+
+std::string unknown_page(const std::string& word) {
+  return "unknown command \"" + word +
+         "\" for \"orvanta_cli\"\n"
+         "\n"
+         "USAGE\n"
+         "  orvanta_cli <command> [flags]\n"
+         "\n"
+         "Available commands:\n"
+         "  play, pause, resume, next, previous, seek, shuffle, repeat, speed, volume, \n"
+         "  now-playing, search, lookup, taste, history, devices, library, playlist, folder, queue, \n"
+         "  me, status, open, navigate, version, pod, pod shows, pod episodes, pod timeline, rondo\n"
+         "\n"
+         "Run 'orvanta_cli --help' for usage.\n";
+}
+
+const char* const kVersionText =
+    "cli: 1.2.93.667\n"
+    "tetherkit: v0.10.451\n"
+    "tetherkit-hash: 1ab97e21337b\n"
+    "podroom: 0.1.3\n";
+
+const char* const kVersionJson =
+    R"({"cli":"1.2.93.667","tetherkit":"v0.10.451","tetherkit_hash":"1ab97e21337b","podroom":"0.1.3"})"
+    "\n";
+
+void expect_run(const std::vector<std::string>& args, const std::string& out, const std::string& err, int status) {
+  ProcessResult r = run_cli(args);
+  std::string shown;
+  for (const auto& a : args) shown += " [" + a + "]";
+  EXPECT_EQ(r.out, out) << shown;
+  EXPECT_EQ(r.err, err) << shown;
+  EXPECT_EQ(r.status, status) << shown;
+}
+
+TEST(FrontEnd, UsagePageOnStdout) {
+  // No arguments is a usage failure: the page, but status 1.
+  expect_run({}, kTopPage, "", 1);
+  // Asked for, the same page is a success.
+  expect_run({"-h"}, kTopPage, "", 0);
+  expect_run({"--help"}, kTopPage, "", 0);
+  // An empty word is a word: it names no command, so the usage page.
+  expect_run({""}, kTopPage, "", 1);
+  // Help on a word that names nothing is the top page, and still a success.
+  expect_run({"nosuch", "--help"}, kTopPage, "", 0);
+}
+
+TEST(FrontEnd, UnknownCommandPageOnStderr) {
+  expect_run({"nosuch"}, "", unknown_page("nosuch"), 1);
+  // There is no help command.
+  expect_run({"help"}, "", unknown_page("help"), 1);
+  // A global flag before the command word is taken as the command word.
+  expect_run({"--format", "json"}, "", unknown_page("--format"), 1);
+  expect_run({"--format", "json", "status"}, "", unknown_page("--format"), 1);
+}
+
+TEST(FrontEnd, UsageErrorsShowTheMessageThenThePage) {
+  expect_run({"search", "q", "--limit"}, kTopPage, "Error: --limit requires a value\n\n", 1);
+  expect_run({"search", "q", "--limit", "0"}, kTopPage, "Error: --limit requires a positive integer, got '0'\n\n", 1);
+  expect_run({"shuffle"}, kTopPage, "Error: shuffle requires an argument: on or off\n\n", 1);
+  expect_run({"repeat", ""}, kTopPage,
+             "Error: repeat argument must be 'off', 'context', or 'track', got ''\n\n", 1);
+  expect_run({"navigate"}, kTopPage, "Error: navigate requires a URI argument\n\n", 1);
+  expect_run({"navigate", "orvanta:a", "--bogus"}, kTopPage, "Error: unknown navigate option '--bogus'\n\n", 1);
+  // A search whose query looks like a flag is a bare usage failure.
+  expect_run({"search", "--limit"}, kTopPage, "", 1);
+  expect_run({"history"}, kTopPage, "", 1);
+  expect_run({"devices", ""}, kTopPage, "", 1);
+}
+
+TEST(FrontEnd, HelpWinsOverEverythingButVersion) {
+  ProcessResult help = run_cli({"search", "--limit", "x", "--help"});
+  EXPECT_EQ(help.status, 0);
+  EXPECT_EQ(help.err, "");
+  EXPECT_EQ(help.out.substr(0, help.out.find('\n')), "Search for tracks, artists, albums");
+
+  ProcessResult group = run_cli({"history", "nosuch", "--help"});
+  EXPECT_EQ(group.status, 0);
+  EXPECT_EQ(group.out.substr(0, group.out.find('\n')), "View your listening history");
+
+  expect_run({"play", "--help", "--version"}, kVersionText, "", 0);
+}
+
+TEST(FrontEnd, VersionInBothFormats) {
+  expect_run({"version"}, kVersionText, "", 0);
+  expect_run({"--version"}, kVersionText, "", 0);
+  expect_run({"nosuch", "--version"}, kVersionText, "", 0);
+  expect_run({"version", "--format", "json"}, kVersionJson, "", 0);
+  expect_run({"--version", "--format", "json"}, kVersionJson, "", 0);
+  expect_run({"version", "--format", "JSON"}, kVersionText, "", 0);
+}
+
+TEST(FrontEnd, WithoutDesktopClientCommandsSayItIsNotRunning) {
+  const std::string line = "Orvanta desktop client is not running\n";
+  expect_run({"pause"}, "", line, 1);
+  expect_run({"status", "--format", "json"}, "", line, 1);
+  expect_run({"search", "abba", "--limit", "3"}, "", line, 1);
+  // `play` with a bad flag resumes, and resuming needs the client.
+  expect_run({"play", "--nonsense"}, "", line, 1);
+  // Commands that do not need the client still work.
+  expect_run({"open"}, "", "", 0);
+  expect_run({"navigate", "orvanta:album:xyz", "--format", "json"}, "", "", 0);
+}
+
+}  // namespace
+}  // namespace orvanta::testing

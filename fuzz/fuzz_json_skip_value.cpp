@@ -1,0 +1,7 @@
+// libFuzzer target: see skip_value_body in json_fuzz_bodies.hpp.
+#include "fuzz/json_fuzz_bodies.hpp"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  orvanta::json::fuzz::skip_value_body(data, size);
+  return 0;
+}

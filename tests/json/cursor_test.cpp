@@ -1,0 +1,142 @@
+// The cursors: growth of the encode buffer, the hand-over of its block, the
+// whitespace skipper, fail offsets and the top-level rules.
+#include "json/context.hpp"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <new>
+
+#include "json/json.hpp"
+#include "json_test_support.hpp"
+
+namespace orvanta::json {
+namespace {
+
+TEST(EncodeContext, StartsWithTheGivenCapacity) {
+  EncodeContext context(4096);
+  ASSERT_NE(context.data, nullptr);
+  EXPECT_EQ(context.capacity, 4096u);
+  EXPECT_EQ(context.position, context.data);
+  EXPECT_EQ(context.end, context.data + 4096);
+}
+
+TEST(EncodeContext, ZeroCapacityHasNoBlockUntilTheFirstWrite) {
+  EncodeContext context(0);
+  EXPECT_EQ(context.data, nullptr);
+  EXPECT_EQ(context.capacity, 0u);
+  context.append('x');
+  EXPECT_EQ(context.capacity, 1u);  // max(used + n, 2 * 0)
+  EXPECT_EQ(context.view(), "x");
+}
+
+TEST(EncodeContext, ReserveWithinTheBlockDoesNothing) {
+  EncodeContext context(16);
+  char* before = context.data;
+  EXPECT_EQ(context.reserve(16), before);
+  EXPECT_EQ(context.capacity, 16u);
+}
+
+TEST(EncodeContext, GrowthDoublesFromTheCapacityOrTakesWhatIsNeeded) {
+  EncodeContext context(4096);
+  context.append(std::string(100, 'a'));
+  context.reserve(5000);  // 100 + 5000 < 2 * 4096
+  EXPECT_EQ(context.capacity, 8192u);
+  EXPECT_EQ(context.size(), 100u);
+  EXPECT_EQ(context.end, context.data + 8192);
+  context.reserve(20000);  // 100 + 20000 > 2 * 8192
+  EXPECT_EQ(context.capacity, 20100u);
+  EXPECT_EQ(context.view(), std::string(100, 'a'));
+}
+
+TEST(EncodeContext, ASizeThatWrapsAroundThrowsBadAlloc) {
+  EncodeContext context(16);
+  context.append('x');
+  EXPECT_THROW(context.reserve(std::numeric_limits<std::size_t>::max()), std::bad_alloc);
+  EXPECT_EQ(context.view(), "x");  // unchanged
+}
+
+TEST(EncodeContext, ReleaseHandsTheBlockOverAndLeavesTheContextEmpty) {
+  EncodeContext context(4096);
+  context.append("abc", 3);
+  char* block = context.data;
+  EncodedText text = context.release();
+  EXPECT_EQ(text.data(), block);
+  EXPECT_EQ(text, "abc");
+  EXPECT_EQ(context.data, nullptr);
+  EXPECT_EQ(context.position, nullptr);
+  EXPECT_EQ(context.end, nullptr);
+  EXPECT_EQ(context.capacity, 0u);
+  char* raw = text.release();
+  EXPECT_EQ(raw, block);
+  EXPECT_TRUE(text.empty());
+  std::free(raw);
+}
+
+TEST(SkipWhitespace, SkipsExactlyTheFourBytes) {
+  const std::string text = " \t\r\n\v";
+  DecodeContext context(text);
+  skip_whitespace(context);
+  EXPECT_EQ(context.position - context.begin, 4);  // 0x0B stops it
+  for (int byte = 0; byte < 256; ++byte) {
+    const char c = static_cast<char>(byte);
+    DecodeContext one(&c, &c + 1);
+    skip_whitespace(one);
+    const bool skipped = one.position == one.end;
+    EXPECT_EQ(skipped, byte == 9 || byte == 10 || byte == 13 || byte == 32) << byte;
+  }
+  DecodeContext empty("", static_cast<const char*>("") + 0);
+  skip_whitespace(empty);
+  EXPECT_EQ(empty.position, empty.end);
+}
+
+TEST(Fail, OffsetIsPositionPlusDelta) {
+  const std::string text = "abcdef";
+  DecodeContext context(text);
+  context.position += 3;
+  try {
+    fail(context, "m", -1);
+  } catch (const decode_exception& e) {
+    EXPECT_STREQ(e.what(), "m");
+    EXPECT_EQ(e.offset(), 2u);
+  }
+  try {
+    fail(context, "m");
+  } catch (const decode_exception& e) {
+    EXPECT_EQ(e.offset(), 3u);
+  }
+}
+
+TEST(TopLevel, TryDecodeRefusesEmptyWhitespaceAndTrailingText) {
+  bool value = true;
+  EXPECT_FALSE(try_decode(boolean_codec(), "", 0, value));
+  EXPECT_FALSE(try_decode(boolean_codec(), " \n\t", value));
+  EXPECT_FALSE(try_decode(boolean_codec(), "false x", value));
+  EXPECT_TRUE(value);  // untouched on failure
+  EXPECT_TRUE(try_decode(boolean_codec(), " \r\nfalse\t ", value));
+  EXPECT_FALSE(value);
+}
+
+TEST(TopLevel, DecodeNamesTheTrailingText) {
+  EXPECT_DECODE_ERROR(boolean_codec(), "true  x", "Unexpected trailing input", 6u);
+  EXPECT_DECODE_ERROR(boolean_codec(), "   ", "Unexpected input, expected boolean", 3u);
+  EXPECT_DECODE_ERROR(integer_codec<std::int32_t>(), "1 2", "Unexpected trailing input", 2u);
+}
+
+TEST(TopLevel, TryDecodeSwallowsEveryExceptionType) {
+  struct Throwing {
+    using value_type = int;
+    int decode(DecodeContext&) const { throw std::logic_error("any"); }
+    void encode(EncodeContext&, int) const {}
+  };
+  int value = 0;
+  EXPECT_FALSE(try_decode(Throwing{}, "1", value));
+}
+
+TEST(TopLevel, EncodeStartsWithA4096ByteBlock) {
+  const EncodedText text = encode(string_codec(), std::string(5000, 'x'));
+  EXPECT_EQ(text.size(), 5002u);
+}
+
+}  // namespace
+}  // namespace orvanta::json

@@ -8,17 +8,18 @@
 #include <csignal>
 #include <fcntl.h>
 #include <poll.h>
+#include <system_error>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
 namespace orvanta::crash {
 
+namespace detail {
+
 // What the client and its watcher thread share. After the start only the
 // watcher changes it; the client reads the two atomics and writes the stop
 // pipe.
-namespace detail {
-
 struct HandlerWatch {
   HandlerLaunch launch;
   bool restartable = false;
@@ -121,6 +122,10 @@ void watch_handler(std::shared_ptr<Watch> watch) {
 
 HandlerClient::~HandlerClient() {
   if (watch_ == nullptr) return;
+  if (!watched_) {
+    end_handler(*watch_);
+    return;
+  }
   clear_handler_connection(watch_->connection.load());
   char stop = 's';
   (void)write(watch_->stop_pipe[1], &stop, 1);
@@ -141,7 +146,13 @@ bool HandlerClient::start_handler(const std::string& handler, const std::string&
     end_handler(*watch);
     return false;
   }
-  std::thread(watch_handler, watch).detach();
+  try {
+    std::thread(watch_handler, watch).detach();
+    watched_ = true;
+  } catch (const std::system_error&) {
+    // No thread to spare: the handler runs unwatched, without restarts,
+    // and this client ends it.
+  }
   watch_ = std::move(watch);
   return true;
 }

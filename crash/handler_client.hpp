@@ -52,6 +52,7 @@ class HandlerClient {
 
  private:
   std::shared_ptr<detail::HandlerWatch> watch_;
+  bool watched_ = false;  // a watcher thread runs and owns the handler
 };
 
 }  // namespace orvanta::crash

@@ -67,7 +67,9 @@ void follow_frame_pointers(const CrashRegisters& registers, const Mapping& stack
     if (!memory.read(fp, record.data(), sizeof record)) return;
     if (!is_return_address(maps, memory, record[1])) return;
     // The leaf's caller may already stand there, found from the stack top.
-    if (frames.back().address != record[1]) add_frame(frames, {record[1], FrameTrust::frame_pointer});
+    if (frames.back().address != record[1]) {
+      add_frame(frames, {record[1], FrameTrust::frame_pointer});
+    }
     floor = fp + 16;
     fp = record[0];
   }
@@ -86,7 +88,9 @@ void scan_stack(const CrashRegisters& registers, const Mapping& stack,
     std::size_t words = std::min<std::uint64_t>(kChunkWords, (end - address) / 8);
     if (words == 0 || !memory.read(address, chunk.data(), words * 8)) return;
     for (std::size_t i = 0; i < words; ++i) {
-      if (is_return_address(maps, memory, chunk[i])) add_frame(frames, {chunk[i], FrameTrust::scan});
+      if (is_return_address(maps, memory, chunk[i])) {
+        add_frame(frames, {chunk[i], FrameTrust::scan});
+      }
     }
     address += words * 8;
   }

@@ -16,7 +16,9 @@
 namespace orvanta::crash::test {
 namespace {
 
-std::string database_of(const TempDir& dir) { return dir.path() + "/com.orvanta.client/Crashpad"; }
+std::string database_of(const TempDir& dir) {
+  return dir.path() + "/com.orvanta.client/Crashpad";
+}
 
 bool has_line(const std::vector<std::string>& lines, const std::string& line) {
   return std::find(lines.begin(), lines.end(), line) != lines.end();

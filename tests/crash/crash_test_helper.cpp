@@ -32,7 +32,8 @@ namespace {
 
 using orvanta::crash::CrashReporter;
 
-#define ORVANTA_UNCHECKED __attribute__((noinline, no_sanitize("address"), no_sanitize("undefined")))
+#define ORVANTA_UNCHECKED \
+  __attribute__((noinline, no_sanitize("address"), no_sanitize("undefined")))
 
 volatile std::uintptr_t g_fault_address = 0x10;
 volatile int g_zero = 0;
@@ -128,7 +129,8 @@ int main(int argc, char** argv) {
   std::string_view mode = argv[2];
   bool started = start_reporter(argv[1]);
   std::printf("started %d\nhandler %d\npid %d\n", started ? 1 : 0,
-              static_cast<int>(CrashReporter::instance().handler_pid()), static_cast<int>(getpid()));
+              static_cast<int>(CrashReporter::instance().handler_pid()),
+              static_cast<int>(getpid()));
   if (mode == "restart") {
     std::printf("replacement %d\n",
                 static_cast<int>(replace_handler(CrashReporter::instance().handler_pid())));

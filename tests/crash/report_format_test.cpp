@@ -20,8 +20,9 @@ TEST(ReportFormat, WritesEveryFactInItsOrderAndEscapesTexts) {
   report.registers = {0x1100, 0x10100, 0x10200, 0};
   report.annotations = {{"a=b", "line\none"}, {"product", "orvanta"}};
   report.simple_annotations = {{"application_is_quitting", "back\\slash\x01"}};
-  report.frames = {{{0x1100, FrameTrust::context}, ModuleLocation{"/opt/my app/orvanta_cli", 0x100}},
-                   {{0x5, FrameTrust::scan}, std::nullopt}};
+  report.frames = {
+      {{0x1100, FrameTrust::context}, ModuleLocation{"/opt/my app/orvanta_cli", 0x100}},
+      {{0x5, FrameTrust::scan}, std::nullopt}};
   report.modules = {Mapping{0x1000, 0x2000, "r-xp", 0, 11, "/opt/my app/orvanta_cli"}};
   report.notes = {"memory unreadable: Permission denied"};
   EXPECT_EQ(format_report(report),
@@ -42,7 +43,8 @@ TEST(ReportFormat, WritesEveryFactInItsOrderAndEscapesTexts) {
             "simple_annotation application_is_quitting=back\\\\slash\\x01\n"
             "frame 0 0x0000000000001100 context /opt/my app/orvanta_cli+0x100\n"
             "frame 1 0x0000000000000005 scan ?\n"
-            "module 0x0000000000001000 0x0000000000002000 0x0000000000000000 /opt/my app/orvanta_cli\n"
+            "module 0x0000000000001000 0x0000000000002000 0x0000000000000000 "
+            "/opt/my app/orvanta_cli\n"
             "note memory unreadable: Permission denied\n"
             "end\n");
 }

@@ -25,7 +25,8 @@ TEST(SimpleStringDictionary, CutsLongTextsAndRefusesANewKeyWhenFull) {
   auto table = std::make_unique<SimpleStringDictionary>();
   const std::string long_key(400, 'k');
   EXPECT_TRUE(table->set(long_key, std::string(400, 'v')));
-  EXPECT_EQ(std::string(table->get(long_key)), std::string(SimpleStringDictionary::kValueSize - 1, 'v'));
+  EXPECT_EQ(std::string(table->get(long_key)),
+            std::string(SimpleStringDictionary::kValueSize - 1, 'v'));
   EXPECT_EQ(table->entries()[0].first.size(), SimpleStringDictionary::kKeySize - 1);
   for (std::size_t i = 1; i < SimpleStringDictionary::kMaxEntries; ++i) {
     ASSERT_TRUE(table->set("key" + std::to_string(i), "v"));

@@ -17,7 +17,9 @@ class FakeMemory final : public MemoryReader {
   static constexpr std::uint64_t kStackEnd = 0x20000;
 
   void put(std::uint64_t address, std::uint64_t word) {
-    for (unsigned i = 0; i < 8; ++i) bytes_[address + i] = static_cast<std::uint8_t>(word >> (8 * i));
+    for (unsigned i = 0; i < 8; ++i) {
+      bytes_[address + i] = static_cast<std::uint8_t>(word >> (8 * i));
+    }
   }
   // Puts a call instruction right before `return_address`.
   void put_call_before(std::uint64_t return_address) {

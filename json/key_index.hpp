@@ -28,7 +28,7 @@ class KeyIndex {
       if (slot.index_plus_one == 0) return npos;
       if (slot.hash == hash) {
         const std::string& candidate = keys_[slot.index_plus_one - 1];
-        if (candidate.size() == key.size() && std::memcmp(candidate.data(), key.data(), key.size()) == 0) {
+        if (candidate.size() == key.size() && same_bytes(candidate.data(), key.data(), key.size())) {
           return slot.index_plus_one - 1;
         }
       }
@@ -37,27 +37,45 @@ class KeyIndex {
 
   std::size_t size() const noexcept { return keys_.size(); }
 
+  // Length and three bytes, mixed: keys of one record rarely agree in all of
+  // them, and a collision only costs a comparison. Reads only inside the key.
   static std::uint32_t hash_key(std::string_view key) noexcept {
-    constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15ULL;
-    std::uint64_t h = key.size() * kMultiplier;
-    const char* p = key.data();
-    std::size_t n = key.size();
-    while (n >= 8) {
-      std::uint64_t word;
-      std::memcpy(&word, p, 8);
-      h = (h ^ word) * kMultiplier;
-      h ^= h >> 29;
-      p += 8;
-      n -= 8;
+    const std::size_t n = key.size();
+    std::uint64_t h = n;
+    if (n != 0) {
+      const auto* p = reinterpret_cast<const unsigned char*>(key.data());
+      h |= (std::uint64_t{p[0]} << 16) | (std::uint64_t{p[n / 2]} << 24) | (std::uint64_t{p[n - 1]} << 32);
     }
-    std::uint64_t tail = 0;
-    if (n != 0) std::memcpy(&tail, p, n);
-    h = (h ^ tail) * kMultiplier;
-    h ^= h >> 32;
-    return static_cast<std::uint32_t>(h);
+    h *= 0x9E3779B97F4A7C15ULL;
+    return static_cast<std::uint32_t>(h >> 32);
+  }
+
+  // Equality of n bytes with overlapping word loads that stay inside both
+  // ranges; keys are short.
+  static bool same_bytes(const char* a, const char* b, std::size_t n) noexcept {
+    if (n >= 8) {
+      if (n > 16) return std::memcmp(a, b, n) == 0;
+      return load<std::uint64_t>(a) == load<std::uint64_t>(b) &&
+             load<std::uint64_t>(a + n - 8) == load<std::uint64_t>(b + n - 8);
+    }
+    if (n >= 4) {
+      return load<std::uint32_t>(a) == load<std::uint32_t>(b) &&
+             load<std::uint32_t>(a + n - 4) == load<std::uint32_t>(b + n - 4);
+    }
+    for (std::size_t i = 0; i < n; ++i) {
+      if (a[i] != b[i]) return false;
+    }
+    return true;
   }
 
  private:
+  template <class Word>
+  static Word load(const char* p) noexcept {
+    Word word;
+    std::memcpy(&word, p, sizeof word);
+    return word;
+  }
+
   struct Slot {
     std::uint32_t hash;
     std::uint32_t index_plus_one;  // 0: empty

@@ -313,6 +313,13 @@ class ObjectCodec {
     return record;
   }
 
+  // Decodes a new record into `slot`, a value-initialised record (the
+  // factory's record replaces it when there is a factory).
+  void decode_new(DecodeContext& context, R& slot) const {
+    if (factory_) slot = factory_();
+    decode_into(context, slot);
+  }
+
   // Decodes into `record`, leaving members the input doesn't mention as
   // they are. A failure leaves the record partly filled.
   void decode_into(DecodeContext& context, R& record) const {

@@ -240,6 +240,8 @@ double decode_double(DecodeContext& context) {
   static const StringToDoubleConverter converter(StringToDoubleConverter::ALLOW_TRAILING_JUNK,
                                                  std::numeric_limits<double>::quiet_NaN(),
                                                  std::numeric_limits<double>::quiet_NaN(), nullptr, nullptr);
+  // The remaining bytes, their count cut to what an int holds (the library's
+  // length type); a number is never that long.
   const auto remaining = static_cast<std::size_t>(context.end - context.position);
   const int length = remaining > static_cast<std::size_t>(INT_MAX) ? INT_MAX : static_cast<int>(remaining);
   int processed = 0;

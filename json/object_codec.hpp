@@ -77,10 +77,13 @@
 //   defaulted go with a plain member. A mismatch fails to compile.
 // - Absent keys leave the member as the record's default constructor made
 //   it; members start as empty strings, empty lists, false and 0.
-// - Factories are cheap to call (about a few hundred nanoseconds per field:
-//   one key encode, one small allocation) and build a fresh codec on every
-//   call, as the Parts say: no codec is cached, none is shared between
-//   threads. Return the codec by value; copies share the field objects.
+// - Factories build a fresh codec on every call, as the Parts say: no codec
+//   is cached and none is shared between threads, so no static and no lock.
+//   That is cheap: about 150 ns per add_field (one key encode, one small
+//   allocation), so 1.6 us for a 5-field record with two nested codecs
+//   (BM_BuildCodec in bench/). Return the codec by value; copies share the
+//   field objects. Build it once per operation, not once per element: a
+//   list_codec(x_codec()) builds x_codec() once.
 // - Failures: decode throws decode_exception (message, offset()); encode
 //   throws encode_exception; try_decode only returns false.
 // ---------------------------------------------------------------------------

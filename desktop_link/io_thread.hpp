@@ -1,0 +1,60 @@
+#pragma once
+
+// The seam between the blocking main thread and the link's coroutines: one
+// io_context, one thread that runs it, and run_and_wait, the only place where
+// the main thread waits for a coroutine.
+//
+// The owner (the command runner) keeps, in this order:
+//   asio::io_context context;
+//   IoThread io_thread{context};
+//   ... the launcher, and the client built on `context` ...
+// and its destructor disconnects the client if it is connected, then calls
+// context.stop(); the members then go in reverse order: the client, the
+// launcher, the thread (stopped and joined), the context.
+
+#include <future>
+#include <string>
+#include <thread>
+#include <utility>
+
+#include <asio/awaitable.hpp>
+#include <asio/co_spawn.hpp>
+#include <asio/io_context.hpp>
+#include <asio/use_future.hpp>
+
+namespace orvanta::link {
+
+inline constexpr const char* io_thread_name = "Orvanta CLI IO";
+
+// The name this thread was given by IoThread, or an empty string.
+const std::string& current_thread_name();
+
+// Runs `context` on a thread named "Orvanta CLI IO" under a work guard, so
+// that run() does not return between operations; it returns once the
+// context is stopped. The destructor asks the thread to stop and joins it.
+// Throws std::system_error when the thread can't be started. A failure of
+// run() itself ends the process.
+class IoThread {
+ public:
+  explicit IoThread(asio::io_context& context);
+  ~IoThread();
+  IoThread(const IoThread&) = delete;
+  IoThread& operator=(const IoThread&) = delete;
+
+ private:
+  std::jthread thread_;
+};
+
+// Spawns `operation` on `context` and blocks until it has finished; returns
+// its value or rethrows its exception on the calling thread. Must not be
+// called on the thread that runs `context`.
+template <class T>
+T run_and_wait(asio::io_context& context, asio::awaitable<T> operation) {
+  std::future<T> done = asio::co_spawn(context, std::move(operation), asio::use_future);
+  return done.get();
+}
+
+// Returns once the thread that runs `context` has run one job.
+void wait_until_running(asio::io_context& context);
+
+}  // namespace orvanta::link

@@ -53,6 +53,8 @@ class LoopbackPeer {
   asio::awaitable<void> accept() {
     if (socket_.is_open()) socket_.close();
     socket_ = co_await acceptor_.async_accept(asio::use_awaitable);
+    // Small frames in a row must not wait for the other side's delayed ACK.
+    socket_.set_option(asio::ip::tcp::no_delay(true));
   }
 
   // The payload of the next frame. Throws std::system_error on a read

@@ -1,0 +1,236 @@
+// Connecting, authorizing and disconnecting, against a fake desktop client.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <asio/socket_base.hpp>
+
+#include "tests/desktop_link/link_fixture.hpp"
+
+namespace {
+
+using namespace std::chrono_literals;
+using orvanta::link::DesktopApiError;
+using orvanta::testing::LinkTest;
+using orvanta::testing::notification;
+using orvanta::testing::PeerRequest;
+using orvanta::testing::result_reply;
+
+using Connection = LinkTest;
+
+TEST_F(Connection, HelloThenLoginSubscription) {
+  std::vector<int> states;
+  orvanta::link::ScopedConnection watch = client->on_connection_state([&](std::uint8_t s) { states.push_back(s); });
+  serve(handshake(R"({"orvanta_app_version":"9.9.9","sends_complete_notification":false})"));
+  EXPECT_EQ(await(client->connect()), DesktopApiError::success);
+  drive([this] { return peer_done; });
+
+  ASSERT_TRUE(hello_request && login_subscription);
+  EXPECT_EQ(hello_request->text,
+            R"({"jsonrpc":"2.0","method":"authorize_connection","params":{"client_id":"test-client",)"
+            R"("name":"Orvanta CLI","version":"1.2.93.667","feature_identifier":"partner_api_client"},"id":")" +
+                hello_request->id + R"("})");
+  EXPECT_EQ(login_subscription->text,
+            R"({"jsonrpc":"2.0","method":"login_state_subscription","params":{},"id":")" + login_subscription->id +
+                R"("})");
+  EXPECT_EQ(hello_request->id.size(), 36u);
+  EXPECT_NE(hello_request->id, login_subscription->id);
+  EXPECT_EQ(client->connection_state(), orvanta::link::state_connected);
+  EXPECT_EQ(states, (std::vector<int>{1, 2}));
+  EXPECT_EQ(log_lines, (std::vector<std::string>{"PartnerApiClient - Connection state changed: 1",
+                                                 "PartnerApiClient - Connection state changed: 2"}));
+  EXPECT_TRUE(errors.empty());
+}
+
+TEST_F(Connection, ConnectWhileConnectedSendsNothing) {
+  connect_client();
+  EXPECT_EQ(await(client->connect()), DesktopApiError::success);
+  EXPECT_TRUE(log_lines.empty());
+}
+
+// A refused hello fails the attempt like a refused connection; the caller
+// only learns that the connection failed. With a one-port list there is no
+// sweep, so the last error named in the log is the window's.
+TEST_F(Connection, HelloRefused) {
+  serve([](LinkTest* t) -> asio::awaitable<void> {
+    co_await t->peer.accept();
+    auto hello = co_await t->next_request();
+    co_await t->peer.write_frame(orvanta::testing::error_reply(hello.id, 3, "desktop_api"));
+  }(this));
+  EXPECT_EQ(await(client->connect()), DesktopApiError::client_connection_failed);
+  EXPECT_EQ(client->connection_state(), orvanta::link::state_disconnected);
+  EXPECT_EQ(log_lines, (std::vector<std::string>{
+                           "PartnerApiClient - Connection state changed: 1",
+                           "Partner API - Error in response: peer says no",
+                           "DesktopLauncherRunner - Partner API Connection Failed: request timed out",
+                           "PartnerApiClient - Connection state changed: 0",
+                       }));
+  ASSERT_EQ(errors.size(), 1u);
+  EXPECT_EQ(errors[0].first, DesktopApiError::client_connection_failed);
+  EXPECT_EQ(errors[0].second, "connect");
+}
+
+TEST_F(Connection, NobodyListening) {
+  peer.stop_listening();
+  EXPECT_EQ(await(client->connect()), DesktopApiError::client_connection_failed);
+  ASSERT_GE(log_lines.size(), 3u);
+  EXPECT_EQ(log_lines[1].rfind("Partner API - Connect exception (111): ", 0), 0u) << log_lines[1];
+  EXPECT_EQ(log_lines.back(), "PartnerApiClient - Connection state changed: 0");
+}
+
+// A silent desktop client is cut off when the handshake limit runs out.
+TEST_F(Connection, SilentHelloIsCutOff) {
+  use_hello_limit(20ms);
+  bool peer_saw_close = false;
+  serve([](LinkTest* t, bool* saw_close) -> asio::awaitable<void> {
+    co_await t->peer.accept();
+    auto hello = co_await t->next_request();
+    static_cast<void>(hello);
+    try {
+      auto more = co_await t->peer.read_frame();
+      static_cast<void>(more);
+    } catch (const std::system_error&) {
+      *saw_close = true;
+    }
+  }(this, &peer_saw_close));
+  EXPECT_EQ(await(client->connect()), DesktopApiError::client_connection_failed);
+  drive([&] { return peer_done; });
+  EXPECT_TRUE(peer_saw_close);
+  EXPECT_EQ(client->connection_state(), orvanta::link::state_disconnected);
+  EXPECT_NE(std::find(log_lines.begin(), log_lines.end(), "Partner API - Auth handshake timed out, disconnecting"),
+            log_lines.end());
+}
+
+// With sends_complete_notification the connection stands only after one
+// more notification, whatever its method. It is the handshake's: a login
+// notification used this way does not reach the login state.
+TEST_F(Connection, CompletionNotificationFinishesTheHandshake) {
+  serve([](LinkTest* t) -> asio::awaitable<void> {
+    co_await t->peer.accept();
+    auto hello = co_await t->next_request();
+    co_await t->peer.write_frame(
+        result_reply(hello.id, R"({"orvanta_app_version":"1","sends_complete_notification":true})"));
+    co_await t->peer.write_frame(notification("login_state_subscription", R"({"logged_in":true})"));
+    auto subscription = co_await t->next_request();
+    t->login_subscription = subscription;
+    co_await t->peer.write_frame(result_reply(subscription.id, "{}"));
+  }(this));
+  EXPECT_EQ(await(client->connect()), DesktopApiError::success);
+  ASSERT_TRUE(login_subscription.has_value());
+  EXPECT_EQ(login_subscription->method, "login_state_subscription");
+  EXPECT_FALSE(client->logged_in());
+}
+
+TEST_F(Connection, CompletionNotificationWithArrayParamsFails) {
+  serve([](LinkTest* t) -> asio::awaitable<void> {
+    co_await t->peer.accept();
+    auto hello = co_await t->next_request();
+    co_await t->peer.write_frame(
+        result_reply(hello.id, R"({"orvanta_app_version":"1","sends_complete_notification":true})"));
+    co_await t->peer.write_frame(notification("done", "[1]"));
+  }(this));
+  EXPECT_EQ(await(client->connect()), DesktopApiError::client_connection_failed);
+  EXPECT_NE(std::find(log_lines.begin(), log_lines.end(),
+                      "Partner API - Failed to decode auth Authorization notification: " +
+                          std::make_error_code(std::errc::bad_message).message()),
+            log_lines.end());
+}
+
+TEST_F(Connection, MissingCompletionNotificationIsCutOff) {
+  use_hello_limit(20ms);
+  serve([](LinkTest* t) -> asio::awaitable<void> {
+    co_await t->peer.accept();
+    auto hello = co_await t->next_request();
+    co_await t->peer.write_frame(
+        result_reply(hello.id, R"({"orvanta_app_version":"1","sends_complete_notification":true})"));
+  }(this));
+  EXPECT_EQ(await(client->connect()), DesktopApiError::client_connection_failed);
+  EXPECT_NE(std::find(log_lines.begin(), log_lines.end(), "Partner API - Auth handshake timed out, disconnecting"),
+            log_lines.end());
+}
+
+TEST_F(Connection, RefusedLoginSubscriptionDisconnects) {
+  serve([](LinkTest* t) -> asio::awaitable<void> {
+    co_await t->peer.accept();
+    auto hello = co_await t->next_request();
+    co_await t->peer.write_frame(result_reply(hello.id, orvanta::testing::hello_result));
+    auto subscription = co_await t->next_request();
+    co_await t->peer.write_frame(orvanta::testing::error_reply(subscription.id, 16, "desktop_api"));
+  }(this));
+  EXPECT_EQ(await(client->connect()), DesktopApiError::not_logged_in);
+  EXPECT_EQ(client->connection_state(), orvanta::link::state_disconnected);
+  EXPECT_NE(std::find(log_lines.begin(), log_lines.end(),
+                      "Partner API - Failed to subscribe to login state: not logged in"),
+            log_lines.end());
+  ASSERT_EQ(errors.size(), 1u);
+  EXPECT_EQ(errors[0].second, "subscribe_to_login_state");
+}
+
+// The desktop client going away drops the state to 0 and forgets the login.
+TEST_F(Connection, EofDropsStateAndLogin) {
+  connect_client();
+  serve([](LinkTest* t) -> asio::awaitable<void> {
+    co_await t->peer.write_frame(notification("login_state_subscription", R"({"logged_in":true})"));
+    co_return;
+  }(this));
+  drive([this] { return client->logged_in(); });
+  peer.close();
+  drive([this] { return client->connection_state() == orvanta::link::state_disconnected; });
+  EXPECT_FALSE(client->logged_in());
+  const std::string eof = asio::error::make_error_code(asio::error::eof).message();
+  EXPECT_EQ(log_lines, (std::vector<std::string>{
+                           "PartnerApiClient - Login state changed: true",
+                           "Partner API - Failed to read message tag: " + eof,
+                           "Partner API - Connection error: " + eof,
+                           "PartnerApiClient - Connection state changed: 0",
+                       }));
+}
+
+TEST_F(Connection, DisconnectWhenDisconnectedDoesNothing) {
+  client->disconnect();
+  EXPECT_TRUE(log_lines.empty());
+  EXPECT_EQ(client->connection_state(), orvanta::link::state_disconnected);
+}
+
+TEST_F(Connection, DisconnectClosesTheSocketAndDropsTheState) {
+  connect_client();
+  bool peer_saw_close = false;
+  serve([](LinkTest* t, bool* saw_close) -> asio::awaitable<void> {
+    try {
+      auto more = co_await t->peer.read_frame();
+      static_cast<void>(more);
+    } catch (const std::system_error& e) {
+      *saw_close = e.code() == asio::error::eof;
+    }
+  }(this, &peer_saw_close));
+  client->disconnect();
+  drive([this] { return peer_done; });
+  EXPECT_TRUE(peer_saw_close);
+  // The reader and the pump each say once why they stopped.
+  const std::string aborted = asio::error::make_error_code(asio::error::operation_aborted).message();
+  EXPECT_EQ(log_lines, (std::vector<std::string>{
+                           "PartnerApiClient - Connection state changed: 0",
+                           "Partner API - Failed to read message tag: " + aborted,
+                           "Partner API - Failed to pop notification: " + aborted,
+                       }));
+  EXPECT_TRUE(errors.empty());
+}
+
+// A peer that reset the connection leaves nothing to shut down: the reader
+// reports the reset, and the disconnect that follows is quiet about the
+// socket that is no longer connected.
+TEST_F(Connection, ResetByPeerIsQuietAtShutdown) {
+  connect_client();
+  peer.socket().set_option(asio::socket_base::linger(true, 0));
+  peer.close();
+  drive([this] { return client->connection_state() == orvanta::link::state_disconnected; });
+  for (const auto& line : log_lines) EXPECT_EQ(line.find("Disconnect exception"), std::string::npos) << line;
+  ASSERT_FALSE(errors.empty());
+  EXPECT_EQ(errors[0].first, asio::error::connection_reset);
+  EXPECT_EQ(errors[0].second, "connection");
+}
+
+}  // namespace

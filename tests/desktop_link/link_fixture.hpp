@@ -1,0 +1,167 @@
+#pragma once
+
+// A PartnerApiClient on the test's own io_context, pointed at a fake desktop
+// client on a loopback port of its own, with the log lines and the error
+// signal recorded. The peer's side of each test is a coroutine that the test
+// hands to serve(); the test then drives the loop until what it waits for
+// has happened.
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <asio/co_spawn.hpp>
+
+#include "desktop_link/error_category.hpp"
+#include "desktop_link/log.hpp"
+#include "desktop_link/partner_api_client.hpp"
+#include "json/codec.hpp"
+#include "messages/envelope.hpp"
+#include "tests/support/loopback_peer.hpp"
+
+namespace orvanta::testing {
+
+// One request as the peer received it.
+struct PeerRequest {
+  std::string text;
+  std::string method;
+  std::string params;
+  std::string id;
+};
+
+inline PeerRequest parse_request(std::string text) {
+  auto message = json::decode(messages::request_message_codec(), text);
+  return {std::move(text), message.method, std::string(message.params.view()), message.id.value_or("")};
+}
+
+inline std::string result_reply(std::string_view id, std::string_view result) {
+  return std::string(R"({"jsonrpc":"2.0","id":")") + std::string(id) + R"(","result":)" + std::string(result) + "}";
+}
+
+inline std::string error_reply(std::string_view id, int code, std::string_view category) {
+  return std::string(R"({"jsonrpc":"2.0","id":")") + std::string(id) + R"(","error":{"code":)" +
+         std::to_string(code) + R"(,"category":")" + std::string(category) + R"(","message":"peer says no"}})";
+}
+
+inline std::string notification(std::string_view method, std::string_view params) {
+  std::string text = R"({"jsonrpc":"2.0","method":")" + std::string(method) + "\"";
+  if (!params.empty()) text += R"(,"params":)" + std::string(params);
+  return text + "}";
+}
+
+inline constexpr std::string_view hello_result = R"({"orvanta_app_version":"9.9.9"})";
+
+// Public throughout, so that the peer scripts (captureless coroutine lambdas
+// given a LinkTest*) can reach it.
+class LinkTest : public ::testing::Test {
+ public:
+  LinkTest()
+      : sink([this](const link::LogRecord& r) { log_lines.emplace_back(r.text); }),
+        client(std::make_unique<link::PartnerApiClient>("test-client", "Orvanta CLI", "1.2.93.667", context, nullptr,
+                                                        settings())) {
+    errors_connection = client->on_error(
+        [this](std::error_code ec, std::string operation) { errors.emplace_back(ec, std::move(operation)); });
+  }
+
+  ~LinkTest() override {
+    client.reset();
+    if (peer_failure) {
+      try {
+        std::rethrow_exception(peer_failure);
+      } catch (const std::exception& e) {
+        ADD_FAILURE() << "peer: " << e.what();
+      }
+    }
+  }
+
+  // Builds the client again with a shorter handshake limit.
+  void use_hello_limit(std::chrono::milliseconds limit) {
+    hello_limit = limit;
+    client = std::make_unique<link::PartnerApiClient>("test-client", "Orvanta CLI", "1.2.93.667", context, nullptr,
+                                                      settings());
+    errors_connection = client->on_error(
+        [this](std::error_code ec, std::string operation) { errors.emplace_back(ec, std::move(operation)); });
+  }
+
+  // One port, no retry window, no pause: a refused attempt fails at once.
+  link::ConnectSettings settings() {
+    link::ConnectSettings s;
+    s.address = asio::ip::make_address_v4("127.0.0.1");
+    s.ports = {peer.port()};
+    s.retry_window_ms = 0;
+    s.retry_pause_ms = 0;
+    s.hello_limit = hello_limit;
+    return s;
+  }
+
+  // Runs `operation` to its end on the test's loop.
+  template <class T>
+  T await(asio::awaitable<T> operation) {
+    std::optional<T> result;
+    std::exception_ptr failure;
+    asio::co_spawn(context, std::move(operation), [&](std::exception_ptr e, T value) {
+      failure = e;
+      result = std::move(value);
+    });
+    EXPECT_TRUE(drive_until(context, [&] { return result.has_value(); }));
+    if (failure) std::rethrow_exception(failure);
+    return std::move(*result);
+  }
+
+  void serve(asio::awaitable<void> script) {
+    peer_done = false;
+    asio::co_spawn(context, std::move(script), [this](std::exception_ptr e) {
+      if (e) peer_failure = e;
+      peer_done = true;
+    });
+  }
+
+  void drive(const std::function<bool()>& done) { EXPECT_TRUE(drive_until(context, done)); }
+
+  asio::awaitable<PeerRequest> next_request() {
+    auto text = co_await peer.read_frame();
+    co_return parse_request(std::move(text));
+  }
+
+  // Accepts the client, answers its hello with `hello_answer` and its
+  // login-state subscription with `{}`.
+  asio::awaitable<void> handshake(std::string hello_answer) {
+    co_await peer.accept();
+    auto hello = co_await next_request();
+    hello_request = hello;
+    co_await peer.write_frame(result_reply(hello.id, hello_answer));
+    auto subscription = co_await next_request();
+    login_subscription = subscription;
+    co_await peer.write_frame(result_reply(subscription.id, "{}"));
+  }
+
+  void connect_client() {
+    serve(handshake(std::string(hello_result)));
+    EXPECT_EQ(await(client->connect()), link::DesktopApiError::success);
+    drive([this] { return peer_done; });
+    ASSERT_EQ(client->connection_state(), link::state_connected);
+    log_lines.clear();
+  }
+
+  std::chrono::milliseconds hello_limit{1000};
+  asio::io_context context;
+  LoopbackPeer peer{context};
+  std::vector<std::string> log_lines;
+  link::ScopedLogSink sink;
+  std::unique_ptr<link::PartnerApiClient> client;
+  std::vector<std::pair<std::error_code, std::string>> errors;
+  link::ScopedConnection errors_connection;
+  bool peer_done = false;
+  std::exception_ptr peer_failure;
+  std::optional<PeerRequest> hello_request;
+  std::optional<PeerRequest> login_subscription;
+};
+
+}  // namespace orvanta::testing

@@ -64,7 +64,7 @@ void Session::push(Outgoing item) {
 
 asio::awaitable<void> Session::read_loop() {
   auto self = shared_from_this();
-  while (!closing_) {
+  while (!closing_ && !draining_) {
     link::FrameReadResult frame = co_await link::read_frame(socket_, link::max_frame_payload);
     if (frame.ec.value() != 0) break;
     // A stray byte or an empty frame carries no request; the next byte is
@@ -79,12 +79,15 @@ asio::awaitable<void> Session::read_loop() {
     if (RequestLog* log = server_.log()) log->record(request->method, request->params.view());
     co_await answer(std::move(*request));
   }
-  close();
+  // When draining, the writer closes the socket once the last answer is out.
+  if (!draining_) close();
 }
 
 asio::awaitable<void> Session::write_loop() {
   auto self = shared_from_this();
-  for (;;) {
+  // close() may have run while a write was in flight, before this loop came
+  // back to wait; its wake-up is then gone, so the flag is looked at first.
+  while (!closing_) {
     link::Result<Outgoing> item = co_await outbox_.pop(link::endless_timeout);
     if (!item) co_return;  // cleared by close()
     std::error_code ec;
@@ -126,7 +129,7 @@ asio::awaitable<void> Session::answer(messages::RequestMessage request) {
   server_.deliver(reply.notices, *this);
   if (faults.close_after && ++answered_ >= *faults.close_after) {
     push(Outgoing{Outgoing::Kind::close, {}});
-    closing_ = true;
+    draining_ = true;
   }
 }
 

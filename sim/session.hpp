@@ -65,6 +65,7 @@ class Session : public std::enable_shared_from_this<Session> {
   std::set<std::string, std::less<>> subscriptions_;
   bool authorized_ = false;
   bool closing_ = false;
+  bool draining_ = false;  // the last answer is queued; no more requests are read
   std::uint32_t answered_ = 0;
 };
 

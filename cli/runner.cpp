@@ -1,42 +1,40 @@
 #include "cli/runner.hpp"
 
-#include <exception>
+#include <chrono>
+#include <string>
 #include <system_error>
+#include <thread>
 
-#include "commands/context.hpp"
+#include "cli/catch_levels.hpp"
+#include "cli/dispatch.hpp"
 #include "commands/program.hpp"
 #include "commands/system.hpp"
-#include "desktop_link/error_category.hpp"
+#include "desktop_link/client_id.hpp"
+#include "desktop_link/partner_api_client.hpp"
 
 namespace orvanta::cli {
 
 CommandRunner::CommandRunner()
-    : CommandRunner(std::make_unique<link::SystemAppLauncher>(std::string(commands::kLauncherName)), stdout,
-                    stderr) {}
-
-CommandRunner::CommandRunner(std::unique_ptr<link::DesktopAppLauncher> launcher, std::FILE* out, std::FILE* err)
-    : launcher_(std::move(launcher)), out_(out), err_(err) {}
-
-CommandRunner::~CommandRunner() = default;
-
-int CommandRunner::run(const CommandLine& line) {
-  try {
-    return run_command(line);
-  } catch (const std::system_error& e) {
-    std::fprintf(err_, "Error: %s\n", e.what());
-    return e.code().value();
-  } catch (const std::exception& e) {
-    std::fprintf(err_, "Error: %s\n", e.what());
-    return 1;
-  } catch (...) {
-    std::fprintf(err_, "Error: unknown exception\n");
-    return 1;
-  }
+    : io_thread_(context_),
+      launcher_(std::make_unique<link::SystemAppLauncher>(std::string(commands::kLauncherName))),
+      client_(std::make_unique<link::PartnerApiClient>(link::client_id(), std::string(commands::kClientDisplayName),
+                                                       std::string(commands::kVersion), context_)) {
+  link::wait_until_running(context_);
 }
 
-int CommandRunner::run_command(const CommandLine& line) {
-  commands::Context context{*launcher_, [this] { return connect(); },
-                            [](const CommandLine&) { return 1; }, out_, err_};
+CommandRunner::~CommandRunner() {
+  if (client_->connection_state() != link::state_disconnected) client_->disconnect();
+  context_.stop();
+  client_.reset();
+  launcher_.reset();
+}
+
+int CommandRunner::run(const CommandLine& line) {
+  commands::Context context(*client_, context_, *launcher_, [this] { return connect(); }, out_, err_);
+  return run_guarded(err_, [&] { return run_command(line, context); });
+}
+
+int CommandRunner::run_command(const CommandLine& line, commands::Context& context) {
   switch (line.command()) {
     case CommandId::Open:
       return commands::open(line, context);
@@ -47,25 +45,24 @@ int CommandRunner::run_command(const CommandLine& line) {
     default:
       break;
   }
+  // The desktop client is never started for a command: it must be running.
   if (!launcher_->is_running()) {
     std::fprintf(err_, "Orvanta desktop client is not running\n");
     return 1;
   }
   if (!connect()) return 1;
-  return dispatch(line);
+  return dispatch_command(line, context);
 }
 
 bool CommandRunner::connect() {
-  // The desktop link is not part of this build yet: every connection fails
-  // the way a refused one does.
-  std::error_code ec = link::make_error_code(link::DesktopApiError::client_connection_failed);
-  std::fprintf(err_, "Failed to connect to Orvanta desktop client: %s\n", ec.message().c_str());
-  return false;
-}
-
-int CommandRunner::dispatch(const CommandLine&) {
-  // Handlers of the connected commands arrive with the desktop link.
-  return 1;
+  std::error_code ec = link::run_and_wait(context_, client_->connect());
+  if (ec) {
+    std::fprintf(err_, "Failed to connect to Orvanta desktop client: %s\n", ec.message().c_str());
+    return false;
+  }
+  // Lets the first login notification arrive before any handler asks.
+  std::this_thread::sleep_for(std::chrono::nanoseconds(100'000'000));
+  return true;
 }
 
 }  // namespace orvanta::cli

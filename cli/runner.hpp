@@ -3,19 +3,26 @@
 #include <cstdio>
 #include <memory>
 
+#include <asio/io_context.hpp>
+
 #include "cli/command_line.hpp"
+#include "commands/context.hpp"
 #include "desktop_link/desktop_app_launcher.hpp"
+#include "desktop_link/io_thread.hpp"
+#include "desktop_link/partner_api.hpp"
 
 namespace orvanta::cli {
 
-// Owns what one command needs at run time, connects when the command needs
-// the desktop client, runs the handler and turns every exception into one
-// line on stderr and an exit status.
+// Owns what one command needs at run time (the IO context and its thread,
+// the application control, the client), connects when the command needs the
+// desktop client, runs the handler and turns every exception into one line
+// on stderr and an exit status.
 class CommandRunner {
  public:
+  // Starts the IO thread and waits until it runs. Throws std::system_error
+  // when the thread can't be started.
   CommandRunner();
-  // For tests: another launcher and other streams.
-  CommandRunner(std::unique_ptr<link::DesktopAppLauncher> launcher, std::FILE* out, std::FILE* err);
+  // Disconnects, stops the IO context and joins its thread. Never throws.
   ~CommandRunner();
 
   CommandRunner(const CommandRunner&) = delete;
@@ -24,17 +31,21 @@ class CommandRunner {
   // Runs the command of `line` and returns the exit status.
   int run(const CommandLine& line);
 
-  // Connects to the desktop client and authorizes. Prints the failure line
-  // and returns false on failure.
+  // Connects to the desktop client and authorizes, then gives the first
+  // login notification a moment to arrive. Prints the failure line and
+  // returns false on failure.
   bool connect();
 
  private:
-  int run_command(const CommandLine& line);
-  int dispatch(const CommandLine& line);
+  int run_command(const CommandLine& line, commands::Context& context);
+  int dispatch(const CommandLine& line, commands::Context& context);
 
+  asio::io_context context_;
+  link::IoThread io_thread_;
   std::unique_ptr<link::DesktopAppLauncher> launcher_;
-  std::FILE* out_;
-  std::FILE* err_;
+  std::unique_ptr<link::PartnerApi> client_;
+  std::FILE* out_ = stdout;
+  std::FILE* err_ = stderr;
 };
 
 }  // namespace orvanta::cli

@@ -5,6 +5,7 @@
 #include <thread>
 #include <vector>
 
+#include "commands/playback.hpp"
 #include "commands/program.hpp"
 #include "commands/version_info.hpp"
 #include "json/json.hpp"
@@ -32,19 +33,20 @@ int version(const cli::CommandLine& line, Context& context) {
 
 int open(const cli::CommandLine& line, Context& context) {
   std::vector<std::string> args(line.arguments().begin(), line.arguments().end());
-  context.launcher.launch(std::move(args));
+  context.launcher().launch(std::move(args));
   pause_for_launch();
   return 0;
 }
 
 int navigate(const cli::CommandLine& line, Context& context) {
-  context.launcher.launch({"--uri=" + std::string(line.argument())});
+  context.launcher().launch({"--uri=" + std::string(line.argument())});
   if (!line.play_after()) {
     pause_for_launch();
     return 0;
   }
   if (!context.connect()) return 1;
-  return context.play(line);
+  // `navigate` has no --device, so this plays the URI straight away.
+  return play(line, context);
 }
 
 }  // namespace orvanta::commands

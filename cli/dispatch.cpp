@@ -1,0 +1,31 @@
+#include "cli/dispatch.hpp"
+
+#include "commands/devices.hpp"
+#include "commands/playback.hpp"
+
+namespace orvanta::cli {
+
+int dispatch_command(const CommandLine& line, commands::Context& context) {
+  using namespace commands;
+  switch (line.command()) {
+    case CommandId::Status: return status(line, context);
+    case CommandId::Resume: return resume(context);
+    case CommandId::Pause: return pause(context);
+    case CommandId::Play: return play(line, context);
+    case CommandId::Next: return next(context);
+    case CommandId::Previous: return previous(context);
+    case CommandId::Seek: return seek(line, context);
+    case CommandId::Shuffle: return shuffle(line.argument(), context);
+    case CommandId::Repeat: return repeat(line.argument(), context);
+    case CommandId::Speed: return speed(line.argument(), context);
+    case CommandId::Volume: return volume(line.argument(), context);
+    case CommandId::Me: return me(context);
+    case CommandId::DevicesList: return devices_list(line, context);
+    case CommandId::DevicesTransfer: return devices_transfer(line.argument(), context);
+    case CommandId::DevicesVolume: return devices_volume(line, context);
+    case CommandId::DevicesInfo: return devices_info(line.argument(), context);
+    default: return 1;
+  }
+}
+
+}  // namespace orvanta::cli

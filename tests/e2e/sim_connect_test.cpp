@@ -1,0 +1,121 @@
+// The real CLI against the simulator on the fixed ports: whether it finds the
+// desktop client, how it connects, and what it asked for. Outputs are
+// compared byte for byte.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "tests/support/process.hpp"
+#include "tests/support/sim_process.hpp"
+
+namespace orvanta::testing {
+namespace {
+
+const char* const kNotRunning = "Orvanta desktop client is not running\n";
+const char* const kConnectFailed = "Failed to connect to Orvanta desktop client: client connection failed\n";
+
+// The requests every connection makes before a command's own.
+const std::vector<std::string> kHandshake{"authorize_connection", "login_state_subscription"};
+
+void expect_result(const ProcessResult& r, const std::string& out, const std::string& err, int status) {
+  EXPECT_EQ(r.out, out);
+  EXPECT_EQ(r.err, err);
+  EXPECT_EQ(r.status, status);
+}
+
+TEST(SimProcessHarness, NamesItselfLikeTheDesktopClientAndStopsCleanly) {
+  SimProcess sim;
+  EXPECT_EQ(sim.ports(), std::vector<std::uint16_t>{7768});
+  std::ifstream comm("/proc/" + std::to_string(sim.pid()) + "/comm");
+  std::string name;
+  std::getline(comm, name);
+  EXPECT_EQ(name, "Orvanta");
+  EXPECT_EQ(sim.stop(), 0);
+  EXPECT_EQ(sim.error_output(), "orvanta_desktop_sim: listening on 127.0.0.1:7768\n");
+}
+
+TEST(SimProcessHarness, DumpsTheStateOnExit) {
+  const std::string dump = (std::filesystem::temp_directory_path() / "orvanta_e2e_dump.json").string();
+  std::filesystem::remove(dump);
+  {
+    SimProcess sim({"--dump-state", dump});
+    EXPECT_EQ(sim.stop(), 0);
+  }
+  std::ifstream in(dump);
+  std::stringstream text;
+  text << in.rdbuf();
+  EXPECT_EQ(text.str().substr(0, 47), R"({"app_version":"1.2.58.411","account":{"logged_)");
+  std::filesystem::remove(dump);
+}
+
+TEST(SimProcessHarness, RefusesABadFlagWithoutStarting) {
+  ProcessResult r = run_process(sim_binary(), {"--fail", "playback_plays=8"});
+  EXPECT_EQ(r.status, 2);
+  EXPECT_EQ(r.err.substr(0, 74), "orvanta_desktop_sim: 'playback_plays' is not a method of the Partner API\n\n");
+}
+
+// Without the process name the CLI doesn't see a desktop client, and never
+// connects, although the simulator listens.
+TEST(ConnectPaths, NotRunningWhenNoProcessIsNamedOrvanta) {
+  SimProcess sim({"--no-process-name"});
+  expect_result(run_cli({"status"}), "", kNotRunning, 1);
+  EXPECT_TRUE(sim.requests().empty());
+}
+
+TEST(ConnectPaths, VersionNeitherChecksNorConnects) {
+  SimProcess sim;
+  expect_result(run_cli({"version"}), "cli: 1.2.93.667\ntetherkit: v0.10.451\ntetherkit-hash: 1ab97e21337b\npodroom: 0.1.3\n",
+                "", 0);
+  EXPECT_TRUE(sim.requests().empty());
+}
+
+TEST(ConnectPaths, StatusConnectsAndReportsTheLoginState) {
+  SimProcess sim;
+  expect_result(run_cli({"status"}), "Orvanta desktop client is running\nLogged in: Yes\n", "", 0);
+  EXPECT_EQ(sim.methods(), kHandshake);
+  const std::vector<std::string> requests = sim.requests();
+  ASSERT_EQ(requests.size(), 2U);
+  EXPECT_EQ(requests[1], R"({"method":"login_state_subscription","params":{}})");
+}
+
+TEST(ConnectPaths, StatusInJsonWhileLoggedOut) {
+  SimProcess sim({"--logged-out"});
+  expect_result(run_cli({"status", "--format", "json"}), "{\"running\":true,\"logged_in\":false}\n", "", 0);
+  expect_result(run_cli({"status"}), "Orvanta desktop client is running\nLogged in: No\n", "", 0);
+}
+
+// The handshake may end with a notification; the connection stands only
+// after it.
+TEST(ConnectPaths, HandshakeWithCompletingNotification) {
+  SimProcess sim({"--complete-notification"});
+  expect_result(run_cli({"status"}), "Orvanta desktop client is running\nLogged in: Yes\n", "", 0);
+  EXPECT_EQ(sim.methods(), kHandshake);
+}
+
+// A client on a later port of the schedule is found after the first port's
+// retry window.
+TEST(ConnectPaths, FindsTheDesktopClientOnALaterPort) {
+  SimProcess sim({"--port", "7770"});
+  expect_result(run_cli({"status"}), "Orvanta desktop client is running\nLogged in: Yes\n", "", 0);
+}
+
+// A refused hello counts as a failed attempt on every port, so the whole
+// schedule runs and ends in the one failure the user sees.
+TEST(ConnectPaths, RejectedHelloEndsInConnectionFailure) {
+  SimProcess sim({"--reject-hello"});
+  expect_result(run_cli({"status"}), "", kConnectFailed, 1);
+  const std::vector<std::string> methods = sim.methods();
+  ASSERT_FALSE(methods.empty());
+  EXPECT_EQ(methods.size(), static_cast<std::size_t>(std::count(methods.begin(), methods.end(), "authorize_connection")));
+}
+
+TEST(ConnectPaths, FailedLoginSubscriptionFailsTheConnection) {
+  SimProcess sim({"--fail", "login_state_subscription=4"});
+  expect_result(run_cli({"status"}), "", "Failed to connect to Orvanta desktop client: internal server error\n", 1);
+}
+
+}  // namespace
+}  // namespace orvanta::testing

@@ -1,0 +1,143 @@
+#include "tests/support/sim_process.hpp"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/inotify.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+#include "tests/support/process.hpp"
+
+extern char** environ;
+
+namespace orvanta::testing {
+
+namespace {
+
+constexpr int ready_bound_ms = 30000;
+
+std::string make_directory() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "orvanta_sim_XXXXXX").string();
+  if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
+  return pattern;
+}
+
+std::string read_file(const std::string& path) {
+  std::ifstream in(path);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+std::vector<std::string> lines_of(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
+// A descriptor that becomes readable when the child exits, or -1 where the
+// kernel has no pidfd; the bound then covers an early exit.
+int open_pidfd(pid_t pid) { return static_cast<int>(::syscall(SYS_pidfd_open, pid, 0)); }
+
+}  // namespace
+
+SimProcess::SimProcess(std::vector<std::string> flags) : directory_(make_directory()) {
+  // Watch before the start, so that the rename into place can't be missed.
+  const int watch_fd = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
+  if (watch_fd < 0 || ::inotify_add_watch(watch_fd, directory_.c_str(), IN_MOVED_TO | IN_CLOSE_WRITE) < 0) {
+    throw std::runtime_error("inotify failed");
+  }
+  std::vector<std::string> words{"orvanta_desktop_sim", "--ready-file", directory_ + "/ready",
+                                 "--log",               directory_ + "/requests.jsonl"};
+  words.insert(words.end(), flags.begin(), flags.end());
+  std::vector<char*> argv;
+  for (auto& word : words) argv.push_back(word.data());
+  argv.push_back(nullptr);
+
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  const std::string err_path = directory_ + "/stderr.txt";
+  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  const int rc = ::posix_spawn(&pid_, sim_binary().c_str(), &actions, nullptr, argv.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  if (rc != 0) {
+    ::close(watch_fd);
+    throw std::runtime_error("cannot start " + sim_binary());
+  }
+  try {
+    wait_until_ready(watch_fd);
+  } catch (...) {
+    ::close(watch_fd);
+    stop();
+    throw;
+  }
+  ::close(watch_fd);
+}
+
+void SimProcess::wait_until_ready(int watch_fd) {
+  const std::string ready = directory_ + "/ready";
+  const int exit_fd = open_pidfd(pid_);
+  std::array<pollfd, 2> fds{pollfd{watch_fd, POLLIN, 0}, pollfd{exit_fd, POLLIN, 0}};
+  while (!std::filesystem::exists(ready)) {
+    const int n = ::poll(fds.data(), exit_fd >= 0 ? 2 : 1, ready_bound_ms);
+    if (n < 0 && errno == EINTR) continue;
+    if (n <= 0 || fds[1].revents != 0) {
+      if (exit_fd >= 0) ::close(exit_fd);
+      throw std::runtime_error("orvanta_desktop_sim did not become ready: " + error_output());
+    }
+    std::array<char, 4096> events{};
+    while (::read(watch_fd, events.data(), events.size()) > 0) {
+    }
+  }
+  if (exit_fd >= 0) ::close(exit_fd);
+  for (const std::string& line : lines_of(read_file(ready))) {
+    ports_.push_back(static_cast<std::uint16_t>(std::stoul(line)));
+  }
+}
+
+SimProcess::~SimProcess() {
+  stop();
+  std::error_code ignored;
+  std::filesystem::remove_all(directory_, ignored);
+}
+
+int SimProcess::stop() {
+  if (pid_ <= 0) return status_;
+  ::kill(pid_, SIGTERM);
+  int status = 0;
+  while (::waitpid(pid_, &status, 0) < 0 && errno == EINTR) {
+  }
+  pid_ = -1;
+  status_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  return status_;
+}
+
+std::vector<std::string> SimProcess::requests() const { return lines_of(read_file(directory_ + "/requests.jsonl")); }
+
+std::vector<std::string> SimProcess::methods() const {
+  std::vector<std::string> methods;
+  const std::string key = R"({"method":")";
+  for (const std::string& line : requests()) {
+    if (line.rfind(key, 0) != 0) continue;
+    methods.push_back(line.substr(key.size(), line.find('"', key.size()) - key.size()));
+  }
+  return methods;
+}
+
+std::string SimProcess::error_output() const { return read_file(directory_ + "/stderr.txt"); }
+
+}  // namespace orvanta::testing

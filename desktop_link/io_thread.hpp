@@ -12,9 +12,12 @@
 // context.stop(); the members then go in reverse order: the client, the
 // launcher, the thread (stopped and joined), the context.
 
+#include <exception>
 #include <future>
+#include <optional>
 #include <string>
 #include <thread>
+#include <type_traits>
 #include <utility>
 
 #include <asio/awaitable.hpp>
@@ -45,13 +48,54 @@ class IoThread {
   std::jthread thread_;
 };
 
+namespace detail {
+
+// What an operation ended with: its value, or the exception it let out.
+template <class T>
+struct Outcome {
+  std::optional<T> value;
+  std::exception_ptr failure;
+};
+template <>
+struct Outcome<void> {
+  std::exception_ptr failure;
+};
+
+// Runs `operation` and hands its exception over as a value, so that it
+// leaves the IO thread inside the future's value rather than as the
+// future's exception.
+template <class T>
+asio::awaitable<Outcome<T>> settle(asio::awaitable<T> operation) {
+  Outcome<T> outcome;
+  try {
+    if constexpr (std::is_void_v<T>) {
+      co_await std::move(operation);
+    } else {
+      auto value = co_await std::move(operation);
+      outcome.value.emplace(std::move(value));
+    }
+  } catch (...) {
+    outcome.failure = std::current_exception();
+  }
+  co_return outcome;
+}
+
+}  // namespace detail
+
 // Spawns `operation` on `context` and blocks until it has finished; returns
 // its value or rethrows its exception on the calling thread. Must not be
 // called on the thread that runs `context`.
+//
+// The exception is moved out of the future and rethrown here, so the calling
+// thread holds the last reference to it: the future's shared state, which
+// asio may release on another thread, keeps none.
 template <class T>
 T run_and_wait(asio::io_context& context, asio::awaitable<T> operation) {
-  std::future<T> done = asio::co_spawn(context, std::move(operation), asio::use_future);
-  return done.get();
+  std::future<detail::Outcome<T>> done =
+      asio::co_spawn(context, detail::settle(std::move(operation)), asio::use_future);
+  detail::Outcome<T> outcome = done.get();
+  if (outcome.failure) std::rethrow_exception(std::move(outcome.failure));
+  if constexpr (!std::is_void_v<T>) return std::move(*outcome.value);
 }
 
 // Returns once the thread that runs `context` has run one job.

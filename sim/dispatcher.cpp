@@ -1,6 +1,7 @@
 #include "sim/dispatcher.hpp"
 
 #include <ctime>
+#include <exception>
 
 #include "messages/operations.hpp"
 #include "sim/handlers.hpp"
@@ -65,8 +66,17 @@ void run_operation(std::string_view params, Context& context, Outcome& outcome) 
 Outcome Dispatcher::run(std::string_view method, std::string_view params) {
   Context context{state_, clock_(), complete_notification_, {}};
   Outcome outcome;
-  const bool known = messages::visit_operation(
-      method, [&]<class Op>(std::type_identity<Op>) { run_operation<Op>(params, context, outcome); });
+  bool known = false;
+  try {
+    known = messages::visit_operation(
+        method, [&]<class Op>(std::type_identity<Op>) { run_operation<Op>(params, context, outcome); });
+  } catch (const std::exception& e) {
+    // A handler that trips over the file system, say, fails its request and
+    // not the connection.
+    outcome.result.reset();
+    outcome.failure = fail(link::DesktopApiError::internal_server_error, std::string("Internal error: ") + e.what());
+    return outcome;
+  }
   if (!known) outcome.failure = fail(link::DesktopApiError::unknown_request, "Unknown method '" + std::string(method) + "'");
   if (outcome.ok()) outcome.notices = std::move(context.notices);
   return outcome;

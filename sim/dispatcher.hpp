@@ -34,8 +34,8 @@ class Dispatcher {
 
   // A method the catalogue doesn't know gives `unknown_request`, parameters
   // that don't fit the request record `bad_request`, and an operation that
-  // needs a user while nobody is logged in `not_logged_in`. Never throws
-  // for bad input; std::bad_alloc passes.
+  // needs a user while nobody is logged in `not_logged_in`; an exception
+  // inside a handler becomes `internal_server_error`. Never throws.
   Outcome run(std::string_view method, std::string_view params);
 
   SimState& state() noexcept { return state_; }

@@ -58,15 +58,9 @@ Items history_items(const SimState& state, const std::optional<std::string>& typ
   return response;
 }
 
-}  // namespace
-
-Answer<m::SearchResponse> handle(m::Search, const m::SearchRequest& request, Context& context) {
-  const SimState& state = context.state;
-  if (request.query.empty()) return bad_request("The search query is empty");
-  const std::int32_t limit = request.limit.value_or(default_search_limit);
-  if (limit <= 0) return bad_request("The search limit must be at least 1");
+// Fills each list of `r` that the request's type asks for.
+void collect_all(const SimState& state, const m::SearchRequest& request, std::int32_t limit, m::SearchResponse& r) {
   const auto& type = request.type;
-  m::SearchResponse r;
   auto names = [&](const std::vector<std::string>& uris) { return artist_names(state, uris); };
   if (wanted(type, "artist")) {
     collect(state.artists, request, limit, r.artists, [](const Artist& a) {
@@ -101,7 +95,18 @@ Answer<m::SearchResponse> handle(m::Search, const m::SearchRequest& request, Con
       return m::SearchAudiobook{.uri = b.uri, .name = b.name, .authors = b.authors, .image = {}};
     });
   }
-  if (!type) {
+}
+
+}  // namespace
+
+Answer<m::SearchResponse> handle(m::Search, const m::SearchRequest& request, Context& context) {
+  if (request.query.empty()) return bad_request("The search query is empty");
+  const std::int32_t limit = request.limit.value_or(default_search_limit);
+  if (limit <= 0) return bad_request("The search limit must be at least 1");
+  m::SearchResponse r;
+  collect_all(context.state, request, limit, r);
+  // Without a type, the best artist (else track) is the top hit.
+  if (!request.type) {
     if (!r.artists.empty()) {
       r.top_hit = m::SearchTopHit{.uri = r.artists.front().uri, .name = r.artists.front().name, .image = {}};
     } else if (!r.tracks.empty()) {

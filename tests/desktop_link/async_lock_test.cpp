@@ -35,20 +35,6 @@ void settle(asio::io_context& context) {
   context.poll();
 }
 
-TEST(AsyncLock, FirstLockSucceedsAtOnce) {
-  asio::io_context context;
-  AsyncLock lock(context);
-  std::vector<std::string> order;
-  auto result = std::make_shared<std::optional<std::error_code>>();
-  asio::co_spawn(context, holder(&lock, "a", &order, result), [](std::exception_ptr) {});
-  context.run();
-  ASSERT_TRUE(result->has_value());
-  EXPECT_EQ(result->value().value(), 0);
-  EXPECT_TRUE(lock.is_locked());
-  EXPECT_EQ(lock.unlock().value(), 0);
-  EXPECT_FALSE(lock.is_locked());
-}
-
 TEST(AsyncLock, UnlockWhenUnlockedIsRefused) {
   asio::io_context context;
   AsyncLock lock(context);

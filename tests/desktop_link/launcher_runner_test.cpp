@@ -146,18 +146,6 @@ TEST_F(LauncherRunner, CancelDuringAPauseThrowsTheTimersAbort) {
   EXPECT_EQ(script.tried.size(), 1u);
 }
 
-TEST_F(LauncherRunner, CancelAfterTheRunDoesNothing) {
-  script.answers = {ok};
-  {
-    auto runner = make({7001}, 0, 0);
-    EXPECT_EQ(run(runner), DesktopApiError::success);
-  }
-  canceller->cancel();
-  context.restart();
-  context.run();
-  SUCCEED();
-}
-
 // The real thing on loopback: two ports that refuse, then a listener.
 TEST(LauncherRunnerSockets, ConnectsToTheFirstListeningPortOfTheSweep) {
   asio::io_context context;

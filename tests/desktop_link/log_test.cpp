@@ -42,16 +42,6 @@ TEST(Log, LongLinesAreNotCut) {
   EXPECT_EQ(seen, edge);
 }
 
-TEST(Log, NoSinkAfterTheScope) {
-  int calls = 0;
-  {
-    ScopedLogSink sink([&](const LogRecord&) { ++calls; });
-    orvanta::link::log(2, "one");
-  }
-  orvanta::link::log(2, "two");
-  EXPECT_EQ(calls, 1);
-}
-
 TEST(RequestId, IsLowerCaseVersionFourUuidText) {
   std::set<std::string> seen;
   for (int i = 0; i < 100; ++i) {

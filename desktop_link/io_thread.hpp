@@ -21,6 +21,7 @@
 #include <utility>
 
 #include <asio/awaitable.hpp>
+#include <asio/bind_executor.hpp>
 #include <asio/co_spawn.hpp>
 #include <asio/io_context.hpp>
 #include <asio/use_future.hpp>
@@ -91,8 +92,11 @@ asio::awaitable<Outcome<T>> settle(asio::awaitable<T> operation) {
 // asio may release on another thread, keeps none.
 template <class T>
 T run_and_wait(asio::io_context& context, asio::awaitable<T> operation) {
+  // The completion is bound to our own context: a bare use_future would
+  // deliver it through asio's system executor, which starts a thread pool
+  // of its own for that.
   std::future<detail::Outcome<T>> done =
-      asio::co_spawn(context, detail::settle(std::move(operation)), asio::use_future);
+      asio::co_spawn(context, detail::settle(std::move(operation)), asio::bind_executor(context, asio::use_future));
   detail::Outcome<T> outcome = done.get();
   if (outcome.failure) std::rethrow_exception(std::move(outcome.failure));
   if constexpr (!std::is_void_v<T>) return std::move(*outcome.value);

@@ -23,7 +23,9 @@ CommandRunner::CommandRunner()
 }
 
 CommandRunner::~CommandRunner() {
-  if (client_->connection_state() != link::state_disconnected) client_->disconnect();
+  if (client_->connection_state() != link::state_disconnected) {
+    link::run_job_and_wait(context_, [this] { client_->disconnect(); });
+  }
   context_.stop();
   client_.reset();
   launcher_.reset();

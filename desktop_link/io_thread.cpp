@@ -38,4 +38,17 @@ IoThread::~IoThread() {
 
 void wait_until_running(asio::io_context& context) { run_and_wait(context, nothing()); }
 
+namespace {
+
+asio::awaitable<void> run_job(std::function<void()> job) {
+  job();
+  co_return;
+}
+
+}  // namespace
+
+void run_job_and_wait(asio::io_context& context, std::function<void()> job) {
+  run_and_wait(context, run_job(std::move(job)));
+}
+
 }  // namespace orvanta::link

@@ -13,6 +13,7 @@
 // launcher, the thread (stopped and joined), the context.
 
 #include <exception>
+#include <functional>
 #include <future>
 #include <optional>
 #include <string>
@@ -104,5 +105,11 @@ T run_and_wait(asio::io_context& context, asio::awaitable<T> operation) {
 
 // Returns once the thread that runs `context` has run one job.
 void wait_until_running(asio::io_context& context);
+
+// Runs `job` on the thread that runs `context` and blocks until it is done.
+// The socket and the timers belong to that thread: the shutdown's disconnect
+// goes through here, so that no other thread touches them while the reader
+// may be waiting on the socket.
+void run_job_and_wait(asio::io_context& context, std::function<void()> job);
 
 }  // namespace orvanta::link

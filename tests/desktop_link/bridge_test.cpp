@@ -57,7 +57,9 @@ struct Runtime {
     if (with_peer) asio::co_spawn(context, desktop_client(&peer, saw_eof), asio::detached);
   }
   ~Runtime() {
-    if (client->connection_state() != orvanta::link::state_disconnected) client->disconnect();
+    if (client->connection_state() != orvanta::link::state_disconnected) {
+      orvanta::link::run_job_and_wait(context, [this] { client->disconnect(); });
+    }
     context.stop();
     client.reset();
   }
@@ -80,7 +82,7 @@ TEST(Bridge, ConnectCallAndShutDownAcrossThreads) {
     EXPECT_EQ(paused.value(), 0);
     // Shutdown: the socket is closed before the loop stops, and the desktop
     // client sees the end of the stream.
-    runtime.client->disconnect();
+    orvanta::link::run_job_and_wait(runtime.context, [&runtime] { runtime.client->disconnect(); });
     EXPECT_TRUE(eof.get());
   }
 }

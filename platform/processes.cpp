@@ -41,9 +41,20 @@ std::vector<RunningProcess> running_processes() {
   if (proc == nullptr) return processes;
   while (const dirent* entry = ::readdir(proc)) {
     if (!all_digits(entry->d_name)) continue;
-    std::ifstream comm(std::string("/proc/") + entry->d_name + "/comm");
+    // "pid (name) state ...": the name may itself hold blanks and brackets,
+    // so it runs to the last ')'.
+    std::ifstream stat(std::string("/proc/") + entry->d_name + "/stat");
+    std::string line;
+    if (!std::getline(stat, line)) continue;
+    auto open = line.find('(');
+    auto close = line.rfind(')');
+    if (open == std::string::npos || close == std::string::npos || close < open || close + 2 >= line.size()) continue;
+    // A process that has ended but not been waited for (a zombie, which an
+    // init that never reaps keeps forever) is not running.
+    char state = line[close + 2];
+    if (state == 'Z' || state == 'X' || state == 'x') continue;
     RunningProcess process;
-    if (!std::getline(comm, process.name)) continue;
+    process.name = line.substr(open + 1, close - open - 1);
     process.pid = static_cast<pid_t>(std::strtol(entry->d_name, nullptr, 10));
     processes.push_back(std::move(process));
   }

@@ -11,8 +11,8 @@ struct RunningProcess {
   std::string name;  // the kernel's short name of the process (comm)
 };
 
-// Every process this user can see in /proc, in directory order. Processes
-// that end while we look are skipped.
+// Every live process this user can see in /proc, in directory order.
+// Processes that end while we look, and zombies, are skipped.
 std::vector<RunningProcess> running_processes();
 
 // Starts `program` with `args` as a process of its own session that we never

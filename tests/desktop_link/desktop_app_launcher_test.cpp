@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -9,6 +10,7 @@
 #include <sstream>
 #include <thread>
 #include <csignal>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -46,6 +48,16 @@ fs::path make_bundle(const fs::path& root) {
   return macos;
 }
 
+// The launched program is a grandchild that leaves init to reap it; where
+// init never reaps, its zombie would stand as "a running Orvanta" for the
+// tests that follow. As a subreaper we get it back and wait for it.
+void become_subreaper() { ::prctl(PR_SET_CHILD_SUBREAPER, 1); }
+
+void reap_children() {
+  while (::waitpid(-1, nullptr, 0) > 0 || errno == EINTR) {
+  }
+}
+
 std::string wait_for_file(const fs::path& file) {
   for (int i = 0; i < 500 && !fs::exists(file); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));
   std::ifstream in(file);
@@ -65,17 +77,21 @@ TEST(DesktopAppLauncher, FindsTheBundleAboveTheProgram) {
 }
 
 TEST(DesktopAppLauncher, LaunchStartsTheApplicationWithTheUriLast) {
+  become_subreaper();
   TempDir dir;
   SystemAppLauncher launcher("desktop_cli", make_bundle(dir.path()).string());
   launcher.launch({"--uri=orvanta:track:abc?utm_medium=x&a=1", "--format", "json"});
   EXPECT_EQ(wait_for_file(dir.path() / "launched"), "--format\njson\norvanta:track:abc?a=1&utm_medium=desktop_cli\n");
+  reap_children();
 }
 
 TEST(DesktopAppLauncher, LaunchWithoutArgumentsOpensTheDefaultUri) {
+  become_subreaper();
   TempDir dir;
   SystemAppLauncher launcher("desktop_cli", make_bundle(dir.path()).string());
   launcher.launch({});
   EXPECT_EQ(wait_for_file(dir.path() / "launched"), "orvanta:open?utm_medium=desktop_cli\n");
+  reap_children();
 }
 
 TEST(DesktopAppLauncher, LaunchOutsideABundleDoesNothing) {
@@ -112,6 +128,14 @@ TEST(DesktopAppLauncher, ProcessListSeesAProgramByItsFileName) {
   EXPECT_TRUE(seen);
   EXPECT_TRUE(SystemAppLauncher("desktop_cli").is_running());
   ::kill(pid, SIGKILL);
+  // Dead but not yet waited for, it is no longer running.
+  for (int i = 0; i < 500 && seen; ++i) {
+    seen = false;
+    for (const auto& p : platform::running_processes()) seen = seen || p.pid == pid;
+    if (seen) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  EXPECT_FALSE(seen);
+  EXPECT_FALSE(SystemAppLauncher("desktop_cli").is_running());
   ::waitpid(pid, nullptr, 0);
 }
 

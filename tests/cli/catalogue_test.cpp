@@ -6,28 +6,16 @@
 #include <string_view>
 #include <vector>
 
+// The top-level words, the pod groups' children and the summaries shown on
+// the pages are checked byte for byte through the pages in help_test.cpp;
+// these are the lookups and rows that no tested page shows.
+
 namespace orvanta::cli {
 namespace {
 
 std::string full_words(const CommandRow& row) {
   return row.parent.empty() ? std::string(row.name)
                             : std::string(row.parent) + ' ' + std::string(row.name);
-}
-
-std::vector<std::string> names_of(const HelpCatalogue::RowList& rows) {
-  std::vector<std::string> names;
-  for (const CommandRow* row : rows) names.push_back(full_words(*row));
-  return names;
-}
-
-TEST(HelpCatalogue, TopLevelWordsKeepGroupsWhereTheirFirstChildStands) {
-  const std::vector<std::string_view> expected{
-      "play",     "pause",   "resume",   "next",     "previous",  "seek",
-      "shuffle",  "repeat",  "speed",    "volume",   "now-playing", "search",
-      "lookup",   "taste",   "history",  "devices",  "library",   "playlist",
-      "folder",   "queue",   "me",       "status",   "open",      "navigate",
-      "version",  "pod",     "pod shows", "pod episodes", "pod timeline", "rondo"};
-  EXPECT_EQ(HelpCatalogue::instance().top_level_words(), expected);
 }
 
 TEST(HelpCatalogue, LookupsCompareWholeWordsAndLevels) {
@@ -38,18 +26,15 @@ TEST(HelpCatalogue, LookupsCompareWholeWordsAndLevels) {
   EXPECT_EQ(c.find_top_level("list"), nullptr);
   EXPECT_EQ(c.find_top_level("history"), nullptr);
   EXPECT_EQ(c.find_top_level("Play"), nullptr);
-  EXPECT_EQ(c.find_top_level("prev"), nullptr);
 
   ASSERT_NE(c.find_child("pod shows", "create"), nullptr);
   EXPECT_EQ(c.find_child("pod shows", "create")->id, CommandId::PodShowsCreate);
-  ASSERT_NE(c.find_child("pod", "shows"), nullptr);
-  EXPECT_EQ(c.find_child("pod", "shows")->id, CommandId::PodShows);
   EXPECT_EQ(c.find_child("pod", "create"), nullptr);
   EXPECT_EQ(c.find_child("", "list"), nullptr);
   EXPECT_EQ(c.find_child("devices", ""), nullptr);
 }
 
-TEST(HelpCatalogue, GroupsAndTheirSummaries) {
+TEST(HelpCatalogue, GroupsAndTheirChildren) {
   const HelpCatalogue& c = HelpCatalogue::instance();
   for (std::string_view word : {"history", "devices", "library", "playlist", "folder", "queue",
                                 "pod", "pod shows", "pod episodes", "pod timeline", "rondo"}) {
@@ -60,20 +45,11 @@ TEST(HelpCatalogue, GroupsAndTheirSummaries) {
     EXPECT_EQ(c.parent_summary(word), "") << word;
     EXPECT_TRUE(c.children(word).empty()) << word;
   }
-  EXPECT_EQ(c.parent_summary("pod"), "Podroom (upload, shows, episodes, timeline)");
   EXPECT_EQ(c.parent_summary("pod episodes"), "Manage podcast episodes");
-  EXPECT_EQ(c.parent_summary("rondo"), "Manage Rondo sessions");
-}
-
-TEST(HelpCatalogue, ChildrenInTableOrder) {
-  const HelpCatalogue& c = HelpCatalogue::instance();
-  EXPECT_EQ(names_of(c.children("pod")),
-            (std::vector<std::string>{"pod upload", "pod shows", "pod episodes", "pod timeline"}));
-  EXPECT_EQ(names_of(c.children("pod episodes")),
-            (std::vector<std::string>{"pod episodes list", "pod episodes create",
-                                      "pod episodes status", "pod episodes delete"}));
-  EXPECT_EQ(names_of(c.children("history")),
-            (std::vector<std::string>{"history top", "history recent"}));
+  std::vector<std::string> names;
+  for (const CommandRow* row : c.children("pod episodes")) names.push_back(full_words(*row));
+  EXPECT_EQ(names, (std::vector<std::string>{"pod episodes list", "pod episodes create",
+                                             "pod episodes status", "pod episodes delete"}));
   EXPECT_EQ(c.children("rondo").size(), 7u);
   EXPECT_EQ(c.children("folder").size(), 5u);
 }

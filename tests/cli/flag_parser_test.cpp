@@ -90,7 +90,6 @@ TEST_F(FlagsTest, NumberFlagsStoreTheNarrowedStrtolValue) {
 TEST_F(FlagsTest, FailuresStoreTheirTextAndDropTheCommand) {
   const std::pair<Words, std::string> cases[] = {
       {{"--limit", "0"}, "--limit requires a positive integer, got '0'"},
-      {{"--limit", "10abc"}, "--limit requires a positive integer, got '10abc'"},
       {{"--width", "-1"}, "--width requires a positive integer, got '-1'"},
       {{"--height", ""}, "--height requires a positive integer, got ''"},
       {{"--offset", "-1"}, "--offset requires a non-negative integer, got '-1'"},
@@ -107,14 +106,10 @@ TEST_F(FlagsTest, FailuresStoreTheirTextAndDropTheCommand) {
       {{"--positions", "0,x"}, "--positions values must be non-negative integers, got 'x'"},
       {{"--positions", "1,,2"}, "--positions values must be non-negative integers, got ''"},
       {{"-x"}, "unknown option '-x'"},
-      {{"--"}, "unknown option '--'"},
       {{"--limit=5"}, "unknown option '--limit=5'"},
       {{"--LIMIT", "5"}, "unknown option '--LIMIT'"},
       {{"--lim", "5"}, "unknown option '--lim'"},
-      {{"--help"}, "unknown option '--help'"},
-      {{"--version"}, "unknown option '--version'"},
       {{"--limit"}, "--limit requires a value"},
-      {{"--agentic-product-type"}, "--agentic-product-type requires a value"},
       {{"--limit", "0", "--offset", "-1"}, "--limit requires a positive integer, got '0'"},
       {{"", "--limit", "0"}, "--limit requires a positive integer, got '0'"},
   };
@@ -255,12 +250,6 @@ TEST(NumberPredicates, FollowStrtollInTheCLocale) {
     EXPECT_EQ(is_positive_integer(c.text), c.positive) << "'" << c.text << "'";
     EXPECT_EQ(is_non_negative_integer(c.text), c.non_negative) << "'" << c.text << "'";
   }
-}
-
-TEST(StartsWith, NeedsTheWholePrefixByteForByte) {
-  EXPECT_TRUE(starts_with("orvanta:", "orvanta:"));
-  EXPECT_FALSE(starts_with("orvanta", "orvanta:"));
-  EXPECT_FALSE(starts_with("Orvanta:track:1", "orvanta:"));
 }
 
 }  // namespace

@@ -1,20 +1,21 @@
 // JSONTestSuite (test_parsing): every file through skip_value with the
-// top-level rules of try_decode. The outcome of all 318 files is kept here,
-// so that any change of behaviour shows as a failing row.
+// top-level rules of try_decode. The rule: every y_ file is accepted, every
+// n_ file refused, and an i_ file may go either way but is decided without a
+// crash. The outcomes that differ from the plain rule are listed below, so
+// that a change of behaviour on any file shows.
 //
-// Where we differ from the suite's expectations, on purpose:
+// Where we differ on purpose:
 // - n_string_unescaped_{ctrl_char,newline,tab}: raw control bytes inside a
 //   string are accepted, as the peer's library accepts them.
-// - i_ files: no UTF-8 validation and no surrogate checks (all accepted);
-//   numbers of any size are skipped by grammar alone (accepted); nesting has
-//   no limit (accepted); a byte order mark is an unexpected token (rejected),
-//   and so is UTF-16 text.
+// - i_ files: no UTF-8 validation and no surrogate checks, numbers of any
+//   size skipped by grammar alone, and no nesting limit: all accepted, except
+//   that a byte order mark is an unexpected token, and so is UTF-16 text.
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
+#include <set>
 #include <string>
 
 #include "json/json.hpp"
@@ -22,332 +23,23 @@
 namespace orvanta::json {
 namespace {
 
-const std::map<std::string, bool>& expected_outcomes() {
-  static const std::map<std::string, bool> outcomes = {
-      {"i_number_double_huge_neg_exp.json", true},
-      {"i_number_huge_exp.json", true},
-      {"i_number_neg_int_huge_exp.json", true},
-      {"i_number_pos_double_huge_exp.json", true},
-      {"i_number_real_neg_overflow.json", true},
-      {"i_number_real_pos_overflow.json", true},
-      {"i_number_real_underflow.json", true},
-      {"i_number_too_big_neg_int.json", true},
-      {"i_number_too_big_pos_int.json", true},
-      {"i_number_very_big_negative_int.json", true},
-      {"i_object_key_lone_2nd_surrogate.json", true},
-      {"i_string_1st_surrogate_but_2nd_missing.json", true},
-      {"i_string_1st_valid_surrogate_2nd_invalid.json", true},
-      {"i_string_UTF-16LE_with_BOM.json", false},
-      {"i_string_UTF-8_invalid_sequence.json", true},
-      {"i_string_UTF8_surrogate_U+D800.json", true},
-      {"i_string_incomplete_surrogate_and_escape_valid.json", true},
-      {"i_string_incomplete_surrogate_pair.json", true},
-      {"i_string_incomplete_surrogates_escape_valid.json", true},
-      {"i_string_invalid_lonely_surrogate.json", true},
-      {"i_string_invalid_surrogate.json", true},
-      {"i_string_invalid_utf-8.json", true},
-      {"i_string_inverted_surrogates_U+1D11E.json", true},
-      {"i_string_iso_latin_1.json", true},
-      {"i_string_lone_second_surrogate.json", true},
-      {"i_string_lone_utf8_continuation_byte.json", true},
-      {"i_string_not_in_unicode_range.json", true},
-      {"i_string_overlong_sequence_2_bytes.json", true},
-      {"i_string_overlong_sequence_6_bytes.json", true},
-      {"i_string_overlong_sequence_6_bytes_null.json", true},
-      {"i_string_truncated-utf-8.json", true},
-      {"i_string_utf16BE_no_BOM.json", false},
-      {"i_string_utf16LE_no_BOM.json", false},
-      {"i_structure_500_nested_arrays.json", true},
-      {"i_structure_UTF-8_BOM_empty_object.json", false},
-      {"n_array_1_true_without_comma.json", false},
-      {"n_array_a_invalid_utf8.json", false},
-      {"n_array_colon_instead_of_comma.json", false},
-      {"n_array_comma_after_close.json", false},
-      {"n_array_comma_and_number.json", false},
-      {"n_array_double_comma.json", false},
-      {"n_array_double_extra_comma.json", false},
-      {"n_array_extra_close.json", false},
-      {"n_array_extra_comma.json", false},
-      {"n_array_incomplete.json", false},
-      {"n_array_incomplete_invalid_value.json", false},
-      {"n_array_inner_array_no_comma.json", false},
-      {"n_array_invalid_utf8.json", false},
-      {"n_array_items_separated_by_semicolon.json", false},
-      {"n_array_just_comma.json", false},
-      {"n_array_just_minus.json", false},
-      {"n_array_missing_value.json", false},
-      {"n_array_newlines_unclosed.json", false},
-      {"n_array_number_and_comma.json", false},
-      {"n_array_number_and_several_commas.json", false},
-      {"n_array_spaces_vertical_tab_formfeed.json", false},
-      {"n_array_star_inside.json", false},
-      {"n_array_unclosed.json", false},
-      {"n_array_unclosed_trailing_comma.json", false},
-      {"n_array_unclosed_with_new_lines.json", false},
-      {"n_array_unclosed_with_object_inside.json", false},
-      {"n_incomplete_false.json", false},
-      {"n_incomplete_null.json", false},
-      {"n_incomplete_true.json", false},
-      {"n_multidigit_number_then_00.json", false},
-      {"n_number_++.json", false},
-      {"n_number_+1.json", false},
-      {"n_number_+Inf.json", false},
-      {"n_number_-01.json", false},
-      {"n_number_-1.0..json", false},
-      {"n_number_-2..json", false},
-      {"n_number_-NaN.json", false},
-      {"n_number_.-1.json", false},
-      {"n_number_.2e-3.json", false},
-      {"n_number_0.1.2.json", false},
-      {"n_number_0.3e+.json", false},
-      {"n_number_0.3e.json", false},
-      {"n_number_0.e1.json", false},
-      {"n_number_0_capital_E+.json", false},
-      {"n_number_0_capital_E.json", false},
-      {"n_number_0e+.json", false},
-      {"n_number_0e.json", false},
-      {"n_number_1.0e+.json", false},
-      {"n_number_1.0e-.json", false},
-      {"n_number_1.0e.json", false},
-      {"n_number_1_000.json", false},
-      {"n_number_1eE2.json", false},
-      {"n_number_2.e+3.json", false},
-      {"n_number_2.e-3.json", false},
-      {"n_number_2.e3.json", false},
-      {"n_number_9.e+.json", false},
-      {"n_number_Inf.json", false},
-      {"n_number_NaN.json", false},
-      {"n_number_U+FF11_fullwidth_digit_one.json", false},
-      {"n_number_expression.json", false},
-      {"n_number_hex_1_digit.json", false},
-      {"n_number_hex_2_digits.json", false},
-      {"n_number_infinity.json", false},
-      {"n_number_invalid+-.json", false},
-      {"n_number_invalid-negative-real.json", false},
-      {"n_number_invalid-utf-8-in-bigger-int.json", false},
-      {"n_number_invalid-utf-8-in-exponent.json", false},
-      {"n_number_invalid-utf-8-in-int.json", false},
-      {"n_number_minus_infinity.json", false},
-      {"n_number_minus_sign_with_trailing_garbage.json", false},
-      {"n_number_minus_space_1.json", false},
-      {"n_number_neg_int_starting_with_zero.json", false},
-      {"n_number_neg_real_without_int_part.json", false},
-      {"n_number_neg_with_garbage_at_end.json", false},
-      {"n_number_real_garbage_after_e.json", false},
-      {"n_number_real_with_invalid_utf8_after_e.json", false},
-      {"n_number_real_without_fractional_part.json", false},
-      {"n_number_starting_with_dot.json", false},
-      {"n_number_with_alpha.json", false},
-      {"n_number_with_alpha_char.json", false},
-      {"n_number_with_leading_zero.json", false},
-      {"n_object_bad_value.json", false},
-      {"n_object_bracket_key.json", false},
-      {"n_object_comma_instead_of_colon.json", false},
-      {"n_object_double_colon.json", false},
-      {"n_object_emoji.json", false},
-      {"n_object_garbage_at_end.json", false},
-      {"n_object_key_with_single_quotes.json", false},
-      {"n_object_lone_continuation_byte_in_key_and_trailing_comma.json", false},
-      {"n_object_missing_colon.json", false},
-      {"n_object_missing_key.json", false},
-      {"n_object_missing_semicolon.json", false},
-      {"n_object_missing_value.json", false},
-      {"n_object_no-colon.json", false},
-      {"n_object_non_string_key.json", false},
-      {"n_object_non_string_key_but_huge_number_instead.json", false},
-      {"n_object_repeated_null_null.json", false},
-      {"n_object_several_trailing_commas.json", false},
-      {"n_object_single_quote.json", false},
-      {"n_object_trailing_comma.json", false},
-      {"n_object_trailing_comment.json", false},
-      {"n_object_trailing_comment_open.json", false},
-      {"n_object_trailing_comment_slash_open.json", false},
-      {"n_object_trailing_comment_slash_open_incomplete.json", false},
-      {"n_object_two_commas_in_a_row.json", false},
-      {"n_object_unquoted_key.json", false},
-      {"n_object_unterminated-value.json", false},
-      {"n_object_with_single_string.json", false},
-      {"n_object_with_trailing_garbage.json", false},
-      {"n_single_space.json", false},
-      {"n_string_1_surrogate_then_escape.json", false},
-      {"n_string_1_surrogate_then_escape_u.json", false},
-      {"n_string_1_surrogate_then_escape_u1.json", false},
-      {"n_string_1_surrogate_then_escape_u1x.json", false},
-      {"n_string_accentuated_char_no_quotes.json", false},
-      {"n_string_backslash_00.json", false},
-      {"n_string_escape_x.json", false},
-      {"n_string_escaped_backslash_bad.json", false},
-      {"n_string_escaped_ctrl_char_tab.json", false},
-      {"n_string_escaped_emoji.json", false},
-      {"n_string_incomplete_escape.json", false},
-      {"n_string_incomplete_escaped_character.json", false},
-      {"n_string_incomplete_surrogate.json", false},
-      {"n_string_incomplete_surrogate_escape_invalid.json", false},
-      {"n_string_invalid-utf-8-in-escape.json", false},
-      {"n_string_invalid_backslash_esc.json", false},
-      {"n_string_invalid_unicode_escape.json", false},
-      {"n_string_invalid_utf8_after_escape.json", false},
-      {"n_string_leading_uescaped_thinspace.json", false},
-      {"n_string_no_quotes_with_bad_escape.json", false},
-      {"n_string_single_doublequote.json", false},
-      {"n_string_single_quote.json", false},
-      {"n_string_single_string_no_double_quotes.json", false},
-      {"n_string_start_escape_unclosed.json", false},
-      {"n_string_unescaped_ctrl_char.json", true},
-      {"n_string_unescaped_newline.json", true},
-      {"n_string_unescaped_tab.json", true},
-      {"n_string_unicode_CapitalU.json", false},
-      {"n_string_with_trailing_garbage.json", false},
-      {"n_structure_100000_opening_arrays.json", false},
-      {"n_structure_U+2060_word_joined.json", false},
-      {"n_structure_UTF8_BOM_no_data.json", false},
-      {"n_structure_angle_bracket_..json", false},
-      {"n_structure_angle_bracket_null.json", false},
-      {"n_structure_array_trailing_garbage.json", false},
-      {"n_structure_array_with_extra_array_close.json", false},
-      {"n_structure_array_with_unclosed_string.json", false},
-      {"n_structure_ascii-unicode-identifier.json", false},
-      {"n_structure_capitalized_True.json", false},
-      {"n_structure_close_unopened_array.json", false},
-      {"n_structure_comma_instead_of_closing_brace.json", false},
-      {"n_structure_double_array.json", false},
-      {"n_structure_end_array.json", false},
-      {"n_structure_incomplete_UTF8_BOM.json", false},
-      {"n_structure_lone-invalid-utf-8.json", false},
-      {"n_structure_lone-open-bracket.json", false},
-      {"n_structure_no_data.json", false},
-      {"n_structure_null-byte-outside-string.json", false},
-      {"n_structure_number_with_trailing_garbage.json", false},
-      {"n_structure_object_followed_by_closing_object.json", false},
-      {"n_structure_object_unclosed_no_value.json", false},
-      {"n_structure_object_with_comment.json", false},
-      {"n_structure_object_with_trailing_garbage.json", false},
-      {"n_structure_open_array_apostrophe.json", false},
-      {"n_structure_open_array_comma.json", false},
-      {"n_structure_open_array_object.json", false},
-      {"n_structure_open_array_open_object.json", false},
-      {"n_structure_open_array_open_string.json", false},
-      {"n_structure_open_array_string.json", false},
-      {"n_structure_open_object.json", false},
-      {"n_structure_open_object_close_array.json", false},
-      {"n_structure_open_object_comma.json", false},
-      {"n_structure_open_object_open_array.json", false},
-      {"n_structure_open_object_open_string.json", false},
-      {"n_structure_open_object_string_with_apostrophes.json", false},
-      {"n_structure_open_open.json", false},
-      {"n_structure_single_eacute.json", false},
-      {"n_structure_single_star.json", false},
-      {"n_structure_trailing_#.json", false},
-      {"n_structure_uescaped_LF_before_string.json", false},
-      {"n_structure_unclosed_array.json", false},
-      {"n_structure_unclosed_array_partial_null.json", false},
-      {"n_structure_unclosed_array_unfinished_false.json", false},
-      {"n_structure_unclosed_array_unfinished_true.json", false},
-      {"n_structure_unclosed_object.json", false},
-      {"n_structure_unicode-identifier.json", false},
-      {"n_structure_whitespace_U+2060_word_joiner.json", false},
-      {"n_structure_whitespace_formfeed.json", false},
-      {"y_array_arraysWithSpaces.json", true},
-      {"y_array_empty-string.json", true},
-      {"y_array_empty.json", true},
-      {"y_array_ending_with_newline.json", true},
-      {"y_array_false.json", true},
-      {"y_array_heterogeneous.json", true},
-      {"y_array_null.json", true},
-      {"y_array_with_1_and_newline.json", true},
-      {"y_array_with_leading_space.json", true},
-      {"y_array_with_several_null.json", true},
-      {"y_array_with_trailing_space.json", true},
-      {"y_number.json", true},
-      {"y_number_0e+1.json", true},
-      {"y_number_0e1.json", true},
-      {"y_number_after_space.json", true},
-      {"y_number_double_close_to_zero.json", true},
-      {"y_number_int_with_exp.json", true},
-      {"y_number_minus_zero.json", true},
-      {"y_number_negative_int.json", true},
-      {"y_number_negative_one.json", true},
-      {"y_number_negative_zero.json", true},
-      {"y_number_real_capital_e.json", true},
-      {"y_number_real_capital_e_neg_exp.json", true},
-      {"y_number_real_capital_e_pos_exp.json", true},
-      {"y_number_real_exponent.json", true},
-      {"y_number_real_fraction_exponent.json", true},
-      {"y_number_real_neg_exp.json", true},
-      {"y_number_real_pos_exponent.json", true},
-      {"y_number_simple_int.json", true},
-      {"y_number_simple_real.json", true},
-      {"y_object.json", true},
-      {"y_object_basic.json", true},
-      {"y_object_duplicated_key.json", true},
-      {"y_object_duplicated_key_and_value.json", true},
-      {"y_object_empty.json", true},
-      {"y_object_empty_key.json", true},
-      {"y_object_escaped_null_in_key.json", true},
-      {"y_object_extreme_numbers.json", true},
-      {"y_object_long_strings.json", true},
-      {"y_object_simple.json", true},
-      {"y_object_string_unicode.json", true},
-      {"y_object_with_newlines.json", true},
-      {"y_string_1_2_3_bytes_UTF-8_sequences.json", true},
-      {"y_string_accepted_surrogate_pair.json", true},
-      {"y_string_accepted_surrogate_pairs.json", true},
-      {"y_string_allowed_escapes.json", true},
-      {"y_string_backslash_and_u_escaped_zero.json", true},
-      {"y_string_backslash_doublequotes.json", true},
-      {"y_string_comments.json", true},
-      {"y_string_double_escape_a.json", true},
-      {"y_string_double_escape_n.json", true},
-      {"y_string_escaped_control_character.json", true},
-      {"y_string_escaped_noncharacter.json", true},
-      {"y_string_in_array.json", true},
-      {"y_string_in_array_with_leading_space.json", true},
-      {"y_string_last_surrogates_1_and_2.json", true},
-      {"y_string_nbsp_uescaped.json", true},
-      {"y_string_nonCharacterInUTF-8_U+10FFFF.json", true},
-      {"y_string_nonCharacterInUTF-8_U+FFFF.json", true},
-      {"y_string_null_escape.json", true},
-      {"y_string_one-byte-utf-8.json", true},
-      {"y_string_pi.json", true},
-      {"y_string_reservedCharacterInUTF-8_U+1BFFF.json", true},
-      {"y_string_simple_ascii.json", true},
-      {"y_string_space.json", true},
-      {"y_string_surrogates_U+1D11E_MUSICAL_SYMBOL_G_CLEF.json", true},
-      {"y_string_three-byte-utf-8.json", true},
-      {"y_string_two-byte-utf-8.json", true},
-      {"y_string_u+2028_line_sep.json", true},
-      {"y_string_u+2029_par_sep.json", true},
-      {"y_string_uEscape.json", true},
-      {"y_string_uescaped_newline.json", true},
-      {"y_string_unescaped_char_delete.json", true},
-      {"y_string_unicode.json", true},
-      {"y_string_unicodeEscapedBackslash.json", true},
-      {"y_string_unicode_2.json", true},
-      {"y_string_unicode_U+10FFFE_nonchar.json", true},
-      {"y_string_unicode_U+1FFFE_nonchar.json", true},
-      {"y_string_unicode_U+200B_ZERO_WIDTH_SPACE.json", true},
-      {"y_string_unicode_U+2064_invisible_plus.json", true},
-      {"y_string_unicode_U+FDD0_nonchar.json", true},
-      {"y_string_unicode_U+FFFE_nonchar.json", true},
-      {"y_string_unicode_escaped_double_quote.json", true},
-      {"y_string_utf8.json", true},
-      {"y_string_with_del_character.json", true},
-      {"y_structure_lonely_false.json", true},
-      {"y_structure_lonely_int.json", true},
-      {"y_structure_lonely_negative_real.json", true},
-      {"y_structure_lonely_null.json", true},
-      {"y_structure_lonely_string.json", true},
-      {"y_structure_lonely_true.json", true},
-      {"y_structure_string_empty.json", true},
-      {"y_structure_trailing_newline.json", true},
-      {"y_structure_true_in_array.json", true},
-      {"y_structure_whitespace_array.json", true},
-  };
-  return outcomes;
-}
+const std::set<std::string> kAcceptedInvalid = {
+    "n_string_unescaped_ctrl_char.json",
+    "n_string_unescaped_newline.json",
+    "n_string_unescaped_tab.json",
+};
 
-std::filesystem::path suite_folder() {
-  return std::filesystem::path(ORVANTA_SOURCE_DIR) / ".." / "shared" / "testdata" / "JSONTestSuite" / "test_parsing";
+const std::set<std::string> kRefusedImplementationDefined = {
+    "i_string_UTF-16LE_with_BOM.json",
+    "i_string_utf16BE_no_BOM.json",
+    "i_string_utf16LE_no_BOM.json",
+    "i_structure_UTF-8_BOM_empty_object.json",
+};
+
+bool expected_outcome(const std::string& name) {
+  if (name.starts_with("n_")) return kAcceptedInvalid.contains(name);
+  if (name.starts_with("i_")) return !kRefusedImplementationDefined.contains(name);
+  return true;
 }
 
 std::string read_file(const std::filesystem::path& path) {
@@ -356,24 +48,18 @@ std::string read_file(const std::filesystem::path& path) {
 }
 
 TEST(JsonTestSuite, EveryFileHasItsExpectedOutcome) {
-  const std::filesystem::path folder = suite_folder();
+  const std::filesystem::path folder =
+      std::filesystem::path(ORVANTA_SOURCE_DIR) / ".." / "shared" / "testdata" / "JSONTestSuite" / "test_parsing";
   ASSERT_TRUE(std::filesystem::is_directory(folder)) << folder;
-  std::map<std::string, bool> seen;
+  std::set<std::string> seen;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
     const std::string name = entry.path().filename().string();
     const std::string text = read_file(entry.path());
     RawJsonValue value;
     const bool accepted = try_decode(raw_value_codec(), text, value);
-    seen[name] = accepted;
-    const auto expected = expected_outcomes().find(name);
-    if (expected == expected_outcomes().end()) {
-      ADD_FAILURE() << "no expected outcome for " << name << " (" << (accepted ? "accepted" : "rejected") << ")";
-      continue;
-    }
-    EXPECT_EQ(accepted, expected->second) << name;
-    if (name.starts_with("y_")) {
-      EXPECT_TRUE(accepted) << name;
-    }
+    seen.insert(name);
+    EXPECT_TRUE(name.starts_with("y_") || name.starts_with("n_") || name.starts_with("i_")) << name;
+    EXPECT_EQ(accepted, expected_outcome(name)) << name;
     if (accepted) {
       // The kept text is the value without the whitespace around it.
       const auto first = text.find_first_not_of(" \t\r\n");
@@ -381,8 +67,10 @@ TEST(JsonTestSuite, EveryFileHasItsExpectedOutcome) {
       EXPECT_EQ(value.view(), std::string_view(text).substr(first, last - first + 1)) << name;
     }
   }
+  // The whole corpus ran, the listed exceptions included.
   EXPECT_EQ(seen.size(), 318u);
-  for (const auto& [name, outcome] : expected_outcomes()) EXPECT_TRUE(seen.contains(name)) << "missing file " << name;
+  for (const auto& name : kAcceptedInvalid) EXPECT_TRUE(seen.contains(name)) << "missing file " << name;
+  for (const auto& name : kRefusedImplementationDefined) EXPECT_TRUE(seen.contains(name)) << "missing file " << name;
 }
 
 }  // namespace

@@ -76,7 +76,6 @@ TEST(OrNull, TakesNullAndKeepsTheFirstFailure) {
   EXPECT_EQ(decode(codec, "null"), std::nullopt);
   EXPECT_EQ(decode(codec, " null "), std::nullopt);
   EXPECT_DECODE_ERROR(codec, "5", "Unexpected input", 0u);
-  EXPECT_DECODE_ERROR(codec, "nul", "Unexpected input", 0u);
   EXPECT_DECODE_ERROR(codec, "nulL", "Unexpected input", 0u);
   EXPECT_DECODE_ERROR(codec, R"("abc)", "Unterminated string", 4u);
   EXPECT_EQ(encode_text(codec, std::nullopt), "null");
@@ -87,12 +86,7 @@ TEST(OrNull, TakesNullAndKeepsTheFirstFailure) {
 }
 
 TEST(OrNull, OtherExceptionsPassThrough) {
-  struct Throwing {
-    using value_type = int;
-    int decode(DecodeContext&) const { throw std::logic_error("other"); }
-    void encode(EncodeContext&, int) const {}
-  };
-  const auto codec = or_null(Throwing{});
+  const auto codec = or_null(testing::ThrowingCodec{});
   DecodeContext context("null");
   EXPECT_THROW(codec.decode(context), std::logic_error);
 }

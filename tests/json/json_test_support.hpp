@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include <string>
 #include <string_view>
 
@@ -45,6 +47,13 @@ DecodeFailure raw_failure(std::string_view text, Function&& function) {
   }
   return {"no failure", 0};
 }
+
+// A codec whose decode throws something other than decode_exception.
+struct ThrowingCodec {
+  using value_type = int;
+  int decode(DecodeContext&) const { throw std::logic_error("other"); }
+  void encode(EncodeContext&, int) const {}
+};
 
 template <Codec C>
 std::string encode_text(const C& codec, const typename C::value_type& value) {

@@ -25,11 +25,6 @@ DecodeFailure int_failure(std::string_view text) {
   return testing::decode_failure(integer_codec<T>(), text);
 }
 
-template <class T>
-std::string int_text(T value) {
-  return encode(integer_codec<T>(), value).str();
-}
-
 const char* const kExponent =
     "Exponent symbols should be followed by an optional '+' or '-' and then by at least one number";
 
@@ -42,35 +37,21 @@ TEST(Boolean, WordsAndOffsets) {
   EXPECT_DECODE_ERROR(boolean_codec(), "falsy", "Unexpected input", 1u);
   EXPECT_DECODE_ERROR(boolean_codec(), "", "Unexpected input, expected boolean", 0u);
   EXPECT_DECODE_ERROR(boolean_codec(), "null", "Unexpected input, expected boolean", 0u);
-  EXPECT_DECODE_ERROR(boolean_codec(), "1", "Unexpected input, expected boolean", 0u);
   EXPECT_EQ(encode(boolean_codec(), true), "true");
   EXPECT_EQ(encode(boolean_codec(), false), "false");
 }
 
-TEST(Integer, Int32Boundaries) {
-  EXPECT_EQ(int_of<std::int32_t>("2147483647"), 2147483647);
-  EXPECT_EQ(int_of<std::int32_t>("-2147483648"), std::numeric_limits<std::int32_t>::min());
+// One past each end of every width; the ends themselves round-trip in
+// property_test.cpp.
+TEST(Integer, OverflowOnePastEveryBoundary) {
   EXPECT_EQ(int_failure<std::int32_t>("2147483648"), (DecodeFailure{"Integer overflow", 10}));
   EXPECT_EQ(int_failure<std::int32_t>("-2147483649"), (DecodeFailure{"Integer overflow", 11}));
   EXPECT_EQ(int_failure<std::int32_t>("99999999999999999999"), (DecodeFailure{"Integer overflow", 20}));
-}
-
-TEST(Integer, Uint32Boundaries) {
-  EXPECT_EQ(int_of<std::uint32_t>("4294967295"), 4294967295u);
   EXPECT_EQ(int_failure<std::uint32_t>("4294967296"), (DecodeFailure{"Integer overflow", 10}));
   EXPECT_EQ(int_failure<std::uint32_t>("-5"), (DecodeFailure{"Invalid integer", 1}));
   EXPECT_EQ(int_failure<std::uint32_t>("-0"), (DecodeFailure{"Invalid integer", 1}));
-}
-
-TEST(Integer, Int64Boundaries) {
-  EXPECT_EQ(int_of<std::int64_t>("9223372036854775807"), std::numeric_limits<std::int64_t>::max());
-  EXPECT_EQ(int_of<std::int64_t>("-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
   EXPECT_EQ(int_failure<std::int64_t>("9223372036854775808"), (DecodeFailure{"Integer overflow", 19}));
   EXPECT_EQ(int_failure<std::int64_t>("-9223372036854775809"), (DecodeFailure{"Integer overflow", 20}));
-}
-
-TEST(Integer, Uint64Boundaries) {
-  EXPECT_EQ(int_of<std::uint64_t>("18446744073709551615"), std::numeric_limits<std::uint64_t>::max());
   EXPECT_EQ(int_failure<std::uint64_t>("18446744073709551616"), (DecodeFailure{"Integer overflow", 20}));
   EXPECT_EQ(int_failure<std::uint64_t>("99999999999999999999"), (DecodeFailure{"Integer overflow", 20}));
 }
@@ -93,19 +74,15 @@ TEST(Integer, FastPathForms) {
 }
 
 TEST(Integer, SlowPathTruncatesTowardsZero) {
-  EXPECT_EQ(int_of<std::int32_t>("15"), 15);
   EXPECT_EQ(int_of<std::int32_t>("1.5e1"), 15);
   EXPECT_EQ(int_of<std::int32_t>("150e-1"), 15);
   EXPECT_EQ(int_of<std::int32_t>("1.9"), 1);
   EXPECT_EQ(int_of<std::int32_t>("-1.9"), -1);
-  EXPECT_EQ(int_of<std::int32_t>("12.99"), 12);
   EXPECT_EQ(int_of<std::int32_t>("1.25e1"), 12);
   EXPECT_EQ(int_of<std::int32_t>("1.25e5"), 125000);
   EXPECT_EQ(int_of<std::int32_t>("1E+2"), 100);
-  EXPECT_EQ(int_of<std::int32_t>("1e0"), 1);
   EXPECT_EQ(int_of<std::int32_t>("0.0e5"), 0);
   EXPECT_EQ(int_of<std::int32_t>("1e9"), 1000000000);
-  EXPECT_EQ(int_of<std::int32_t>("-1e9"), -1000000000);
   EXPECT_EQ(int_of<std::int32_t>("0e400"), 0);
   EXPECT_EQ(int_of<std::int32_t>("1e-400"), 0);
   EXPECT_EQ(int_of<std::int32_t>("99e-2"), 0);
@@ -137,22 +114,6 @@ TEST(Integer, ExponentBeyond32Bits) {
   // The mantissa test reads the digits as a 32-bit accumulation, so one
   // that wraps to zero counts as zero.
   EXPECT_EQ(int_of<std::int64_t>("4294967296e99999999999"), 0);
-}
-
-TEST(Integer, Writing) {
-  EXPECT_EQ(int_text<std::int32_t>(0), "0");
-  EXPECT_EQ(int_text<std::int32_t>(-1), "-1");
-  EXPECT_EQ(int_text<std::int32_t>(std::numeric_limits<std::int32_t>::min()), "-2147483648");
-  EXPECT_EQ(int_text<std::int32_t>(std::numeric_limits<std::int32_t>::max()), "2147483647");
-  EXPECT_EQ(int_text<std::uint32_t>(std::numeric_limits<std::uint32_t>::max()), "4294967295");
-  EXPECT_EQ(int_text<std::int64_t>(std::numeric_limits<std::int64_t>::min()), "-9223372036854775808");
-  EXPECT_EQ(int_text<std::int64_t>(std::numeric_limits<std::int64_t>::max()), "9223372036854775807");
-  EXPECT_EQ(int_text<std::uint64_t>(std::numeric_limits<std::uint64_t>::max()), "18446744073709551615");
-  std::uint64_t power = 1;
-  for (int i = 0; i < 20; ++i, power *= 10) {
-    EXPECT_EQ(int_text<std::uint64_t>(power), std::to_string(power));
-    EXPECT_EQ(int_text<std::uint64_t>(power - 1), std::to_string(power - 1));
-  }
 }
 
 TEST(Double, ShortestForms) {
@@ -189,16 +150,13 @@ TEST(Double, Decoding) {
   EXPECT_EQ(decode(double_codec(), "7"), 7.0);
   EXPECT_TRUE(std::signbit(decode(double_codec(), "-0")));
   EXPECT_DECODE_ERROR(double_codec(), "NaN", "Invalid floating point number", 0u);
-  EXPECT_DECODE_ERROR(double_codec(), "Infinity", "Invalid floating point number", 0u);
   EXPECT_DECODE_ERROR(double_codec(), "-", "Invalid floating point number", 0u);
   EXPECT_DECODE_ERROR(double_codec(), "", "Invalid floating point number", 0u);
-  EXPECT_DECODE_ERROR(double_codec(), "null", "Invalid floating point number", 0u);
   // Trailing junk is left for the caller to refuse.
   const std::string text = "1.5x";
   DecodeContext context(text);
   EXPECT_EQ(decode_double(context), 1.5);
   EXPECT_EQ(context.position - context.begin, 3);
-  EXPECT_DECODE_ERROR(double_codec(), "1.5x", "Unexpected trailing input", 3u);
 }
 
 }  // namespace

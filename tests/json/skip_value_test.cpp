@@ -43,7 +43,6 @@ TEST(SkipValue, StructureErrors) {
   EXPECT_EQ(skip_failure("[1,]"), (DecodeFailure{"Encountered token ']'", 3}));
   EXPECT_EQ(skip_failure(R"({"a":1,})"), (DecodeFailure{"Expected '\"'", 7}));
   EXPECT_EQ(skip_failure("{1}"), (DecodeFailure{"Expected '\"'", 1}));
-  EXPECT_EQ(skip_failure("{,}"), (DecodeFailure{"Expected '\"'", 1}));
   EXPECT_EQ(skip_failure(R"({"a":1 "b":2})"), (DecodeFailure{"Expected ',' or '}'", 7}));
   EXPECT_EQ(skip_failure("[1 2]"), (DecodeFailure{"Expected ',' or ']", 3}));
   EXPECT_EQ(skip_failure("[1}"), (DecodeFailure{"Expected ',' or ']", 2}));
@@ -55,11 +54,9 @@ TEST(SkipValue, StructureErrors) {
   EXPECT_EQ(skip_failure(R"({"a":1)"), (DecodeFailure{"Expected '}'", 6}));
   EXPECT_EQ(skip_failure("{"), (DecodeFailure{"Expected '}'", 1}));
   EXPECT_EQ(skip_failure("[1"), (DecodeFailure{"Expected ']'", 2}));
-  EXPECT_EQ(skip_failure("[ "), (DecodeFailure{"Expected ']'", 2}));
   EXPECT_EQ(skip_failure(R"([{"a":[)"), (DecodeFailure{"Expected ']'", 7}));
   EXPECT_EQ(skip_failure("x"), (DecodeFailure{"Encountered token 'x'", 0}));
   EXPECT_EQ(skip_failure(" 1"), (DecodeFailure{"Encountered token ' '", 0}));
-  EXPECT_EQ(skip_failure("]"), (DecodeFailure{"Encountered token ']'", 0}));
   EXPECT_EQ(skip_failure("[+1]"), (DecodeFailure{"Encountered token '+'", 1}));
   EXPECT_EQ(skip_failure("[\x01]"), (DecodeFailure{"Encountered token '\x01'", 1}));
 }
@@ -67,8 +64,6 @@ TEST(SkipValue, StructureErrors) {
 TEST(SkipValue, LiteralErrors) {
   EXPECT_EQ(skip_failure("tru"), (DecodeFailure{"Unexpected end of input", 0}));
   EXPECT_EQ(skip_failure("trux"), (DecodeFailure{"Unexpected input", 0}));
-  EXPECT_EQ(skip_failure("nul"), (DecodeFailure{"Unexpected end of input", 0}));
-  EXPECT_EQ(skip_failure("nulL"), (DecodeFailure{"Unexpected input", 0}));
   EXPECT_EQ(skip_failure("tnul"), (DecodeFailure{"Unexpected input", 0}));
   EXPECT_EQ(skip_failure("fals"), (DecodeFailure{"Unexpected end of input", 1}));
   EXPECT_EQ(skip_failure("falsy"), (DecodeFailure{"Unexpected input", 1}));
@@ -128,16 +123,6 @@ TEST(SkipValue, NestingFarBeyondAndItsErrors) {
   // The stack pops in order past the spill: the inner '{' closes first.
   const std::string closing = std::string(100, '[') + R"({"a":1])";
   EXPECT_EQ(skip_failure(closing), (DecodeFailure{"Expected ',' or '}'", 106}));
-}
-
-TEST(SkipValue, TopLevelRulesThroughRawValues) {
-  RawJsonValue value;
-  EXPECT_FALSE(try_decode(raw_value_codec(), "", value));
-  EXPECT_FALSE(try_decode(raw_value_codec(), "  ", value));
-  EXPECT_FALSE(try_decode(raw_value_codec(), "[] []", value));
-  EXPECT_FALSE(try_decode(raw_value_codec(), "01", value));
-  EXPECT_TRUE(try_decode(raw_value_codec(), " [1, {\"a\": null}] \n", value));
-  EXPECT_EQ(value, "[1, {\"a\": null}]");
 }
 
 }  // namespace

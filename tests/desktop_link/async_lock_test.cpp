@@ -18,110 +18,90 @@ using orvanta::link::AsyncLock;
 using orvanta::link::AsyncLockGuard;
 using orvanta::link::endless_timeout;
 using namespace std::chrono_literals;
+using Outcome = std::shared_ptr<std::optional<std::error_code>>;
 
-// Takes the lock, records `name` in `order`, and holds the lock until
-// `release` is set by the test.
-asio::awaitable<void> holder(AsyncLock* lock, std::string name, std::vector<std::string>* order,
-                             std::shared_ptr<std::optional<std::error_code>> result) {
-  auto ec = co_await lock->lock(endless_timeout);
+// Takes the lock, records `name` in `order` once it holds it, and keeps it
+// until the test unlocks.
+asio::awaitable<void> holder(AsyncLock* lock, std::string name, std::vector<std::string>* order, Outcome result,
+                             std::chrono::nanoseconds timeout) {
+  auto ec = co_await lock->lock(timeout);
   *result = ec;
   if (!ec) order->push_back(std::move(name));
 }
 
-// Runs every handler that is ready. The context stops when it runs out of
-// work, so it is restarted first.
-void settle(asio::io_context& context) {
-  context.restart();
-  context.poll();
-}
-
-TEST(AsyncLock, UnlockWhenUnlockedIsRefused) {
-  asio::io_context context;
-  AsyncLock lock(context);
-  EXPECT_EQ(lock.unlock(), asio::error::operation_not_supported);
-  EXPECT_FALSE(lock.is_locked());
-}
-
-TEST(AsyncLock, WaitersAreWokenOneAtATimeInArrivalOrder) {
-  asio::io_context context;
-  AsyncLock lock(context);
-  std::vector<std::string> order;
-  std::vector<std::shared_ptr<std::optional<std::error_code>>> results;
-  for (const char* name : {"a", "b", "c"}) {
-    results.push_back(std::make_shared<std::optional<std::error_code>>());
-    asio::co_spawn(context, holder(&lock, name, &order, results.back()), [](std::exception_ptr) {});
+class Lock : public ::testing::Test {
+ protected:
+  Outcome take(std::string name, std::chrono::nanoseconds timeout = endless_timeout) {
+    auto result = std::make_shared<std::optional<std::error_code>>();
+    asio::co_spawn(context, holder(lock.get(), std::move(name), &order, result, timeout), [](std::exception_ptr) {});
+    return result;
   }
-  settle(context);
+
+  // Runs every handler that is ready. The context stops when it runs out of
+  // work, so it is restarted first.
+  void settle() {
+    context.restart();
+    context.poll();
+  }
+
+  asio::io_context context;
+  std::unique_ptr<AsyncLock> lock = std::make_unique<AsyncLock>(context);
+  std::vector<std::string> order;
+};
+
+TEST_F(Lock, WaitersAreWokenOneAtATimeInArrivalOrder) {
+  take("a");
+  take("b");
+  auto c = take("c");
+  settle();
   EXPECT_EQ(order, (std::vector<std::string>{"a"}));
-
-  EXPECT_EQ(lock.unlock().value(), 0);
-  settle(context);
+  EXPECT_EQ(lock->unlock().value(), 0);
+  settle();
   EXPECT_EQ(order, (std::vector<std::string>{"a", "b"}));
-  EXPECT_FALSE(results[2]->has_value());
-
-  EXPECT_EQ(lock.unlock().value(), 0);
-  settle(context);
+  EXPECT_FALSE(c->has_value());
+  EXPECT_EQ(lock->unlock().value(), 0);
+  settle();
   EXPECT_EQ(order, (std::vector<std::string>{"a", "b", "c"}));
-  EXPECT_EQ(lock.unlock().value(), 0);
+  EXPECT_EQ(lock->unlock().value(), 0);
 }
 
-TEST(AsyncLock, ExpiredWaitersAreSkipped) {
-  asio::io_context context;
-  AsyncLock lock(context);
-  std::vector<std::string> order;
-  auto first = std::make_shared<std::optional<std::error_code>>();
-  auto doomed = std::make_shared<std::optional<std::error_code>>();
-  auto live = std::make_shared<std::optional<std::error_code>>();
-  asio::co_spawn(context, holder(&lock, "first", &order, first), [](std::exception_ptr) {});
-  settle(context);
-  // A waiter that gives up (zero timeout) leaves an expired entry behind.
-  asio::co_spawn(context, [](AsyncLock* l, std::shared_ptr<std::optional<std::error_code>> r) -> asio::awaitable<void> {
-    auto ec = co_await l->lock(0ns);
-    *r = ec;
-  }(&lock, doomed), [](std::exception_ptr) {});
-  asio::co_spawn(context, holder(&lock, "live", &order, live), [](std::exception_ptr) {});
-  settle(context);
-  // The zero-timeout waiter expired while the lock was held.
-  while (!doomed->has_value()) settle(context);
+// A waiter that gives up (zero timeout) leaves an expired entry behind,
+// which the unlock passes over.
+TEST_F(Lock, ExpiredWaitersAreSkipped) {
+  take("first");
+  settle();
+  auto doomed = take("doomed", 0ns);
+  take("live");
+  while (!doomed->has_value()) settle();
   EXPECT_EQ(doomed->value(), asio::error::timed_out);
-
-  EXPECT_EQ(lock.unlock().value(), 0);
-  settle(context);
+  EXPECT_EQ(lock->unlock().value(), 0);
+  settle();
   EXPECT_EQ(order, (std::vector<std::string>{"first", "live"}));
-  EXPECT_EQ(lock.unlock().value(), 0);
+  EXPECT_EQ(lock->unlock().value(), 0);
 }
 
-TEST(AsyncLock, GuardUnlocksOnlyWhatItLocked) {
-  asio::io_context context;
-  AsyncLock lock(context);
-  {
-    AsyncLockGuard never_locked(lock);
-  }
-  EXPECT_FALSE(lock.is_locked());
-  EXPECT_EQ(lock.unlock(), asio::error::operation_not_supported);
+TEST_F(Lock, GuardUnlocksOnlyWhatItLocked) {
+  { AsyncLockGuard never_locked(*lock); }
+  EXPECT_FALSE(lock->is_locked());
+  EXPECT_EQ(lock->unlock(), asio::error::operation_not_supported);
 
   std::optional<bool> held_inside;
   asio::co_spawn(context, [](AsyncLock* l, std::optional<bool>* held) -> asio::awaitable<void> {
     AsyncLockGuard guard(*l);
     auto ec = co_await guard.lock(endless_timeout);
     *held = !ec && l->is_locked();
-  }(&lock, &held_inside), [](std::exception_ptr) {});
+  }(lock.get(), &held_inside), [](std::exception_ptr) {});
   context.run();
   EXPECT_EQ(held_inside, true);
-  EXPECT_FALSE(lock.is_locked());
+  EXPECT_FALSE(lock->is_locked());
 }
 
 // A waiter still parked when the lock is destroyed gets operation_aborted,
 // and does not touch the lock afterwards.
-TEST(AsyncLock, DestructionWakesWaitersWithAbort) {
-  asio::io_context context;
-  auto lock = std::make_unique<AsyncLock>(context);
-  std::vector<std::string> order;
-  auto first = std::make_shared<std::optional<std::error_code>>();
-  auto second = std::make_shared<std::optional<std::error_code>>();
-  asio::co_spawn(context, holder(lock.get(), "a", &order, first), [](std::exception_ptr) {});
-  asio::co_spawn(context, holder(lock.get(), "b", &order, second), [](std::exception_ptr) {});
-  settle(context);
+TEST_F(Lock, DestructionWakesWaitersWithAbort) {
+  take("a");
+  auto second = take("b");
+  settle();
   lock.reset();
   context.restart();
   context.run();

@@ -49,11 +49,6 @@ TEST(IoThread, OperationsRunOnTheNamedIoThread) {
   EXPECT_EQ(orvanta::link::current_thread_name(), "");
 }
 
-TEST(IoThread, ValuesComeBackOneCallAtATime) {
-  Runtime runtime;
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(run_and_wait(runtime.context, echo(std::to_string(i))), std::to_string(i) + "!");
-}
-
 TEST(IoThread, AnExceptionReachesTheCallerWithItsText) {
   Runtime runtime;
   try {

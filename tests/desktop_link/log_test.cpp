@@ -20,8 +20,6 @@ TEST(Log, RecordsReachTheSinksOfThisThread) {
   ScopedLogSink sink([&](const LogRecord& r) {
     lines.emplace_back(r.text);
     levels.push_back(r.level);
-    EXPECT_EQ(r.file, "/f");
-    EXPECT_EQ(r.tag, "");
   });
   orvanta::link::log(2, "Partner API - Failed to send request: %s", "broken pipe");
   orvanta::link::log(4, "PartnerApiClient - Connection state changed: %d", 2);
@@ -56,9 +54,10 @@ TEST(RequestId, IsLowerCaseVersionFourUuidText) {
   EXPECT_EQ(seen.size(), 100u);
 }
 
-TEST(ClientId, IsStableAndNotEmpty) {
-  EXPECT_FALSE(orvanta::link::client_id().empty());
-  EXPECT_EQ(&orvanta::link::client_id(), &orvanta::link::client_id());
+// The identifier is unscrambled at run time; a wrong key stream shows as
+// bytes outside printable ASCII.
+TEST(ClientId, UnscramblesToPrintableText) {
+  EXPECT_EQ(orvanta::link::client_id().size(), 32u);
   for (char c : orvanta::link::client_id()) EXPECT_TRUE(c > ' ' && c < 127);
 }
 

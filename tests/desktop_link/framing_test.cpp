@@ -37,6 +37,14 @@ class Framing : public ::testing::Test {
     EXPECT_TRUE(drive_until(context, [&] { return sent; }));
   }
 
+  std::error_code write(std::string payload) {
+    std::optional<std::error_code> written;
+    asio::co_spawn(context, orvanta::link::write_frame(socket, std::move(payload)),
+                   [&](std::exception_ptr, std::error_code ec) { written = ec; });
+    EXPECT_TRUE(drive_until(context, [&] { return written.has_value(); }));
+    return written.value_or(std::error_code{});
+  }
+
   FrameReadResult read(std::size_t max_size = max_frame_payload) {
     std::optional<FrameReadResult> result;
     asio::co_spawn(context, orvanta::link::read_frame(socket, max_size),
@@ -50,46 +58,30 @@ class Framing : public ::testing::Test {
   asio::ip::tcp::socket socket;
 };
 
+// The writer has no limit of its own: five MiB, above the reader's limit,
+// go out in one frame.
 TEST_F(Framing, HeaderIsTagThenLittleEndianLength) {
-  std::optional<std::error_code> written;
-  asio::co_spawn(context, orvanta::link::write_frame(socket, "{}"),
-                 [&](std::exception_ptr, std::error_code ec) { written = ec; });
-  EXPECT_TRUE(drive_until(context, [&] { return written.has_value(); }));
+  EXPECT_EQ(write("{}"), DesktopApiError::success);
   std::string bytes(7, '\0');
-  std::size_t got = asio::read(peer.socket(), asio::buffer(bytes));
-  EXPECT_EQ(got, 7u);
-  EXPECT_EQ(*written, DesktopApiError::success);
+  EXPECT_EQ(asio::read(peer.socket(), asio::buffer(bytes)), 7u);
   EXPECT_EQ(bytes, std::string("\x1d\x02\x00\x00\x00{}", 7));
-}
 
-TEST_F(Framing, FiveMebibytesAreWrittenInOneFrame) {
   const std::string payload(5 * 1024 * 1024, 'x');
-  std::optional<std::error_code> written;
   std::optional<std::string> received;
-  asio::co_spawn(context, orvanta::link::write_frame(socket, payload),
-                 [&](std::exception_ptr, std::error_code ec) { written = ec; });
   asio::co_spawn(context, peer.read_frame(), [&](std::exception_ptr, std::string p) { received = std::move(p); });
-  EXPECT_TRUE(drive_until(context, [&] { return written && received; }));
-  EXPECT_EQ(*written, DesktopApiError::success);
-  EXPECT_EQ(received->size(), payload.size());
+  EXPECT_EQ(write(payload), DesktopApiError::success);
+  EXPECT_TRUE(drive_until(context, [&] { return received.has_value(); }));
   EXPECT_EQ(*received, payload);
 }
 
-TEST_F(Framing, LargestPayloadUnderTheLimitIsDelivered) {
-  const std::string payload(max_frame_payload - 1, 'a');
-  asio::co_spawn(context, peer.write_frame(payload), asio::detached);
-  auto result = read();
-  EXPECT_EQ(result.ec, DesktopApiError::success);
-  EXPECT_EQ(result.payload.size(), 4194303u);
-}
-
-// The refused payload stays in the socket: the reader walks into it, and a
+// A refused payload stays in the socket: the reader walks into it, and a
 // frame that stands at its start is read as the next frame.
 TEST_F(Framing, LengthAtTheLimitIsRefusedWithNothingConsumed) {
+  asio::co_spawn(context, peer.write_frame(std::string(max_frame_payload - 1, 'a')), asio::detached);
+  EXPECT_EQ(read().payload.size(), 4194303u);
   send(frame_header(4194304) + frame("{}"));
   auto refused = read();
   EXPECT_EQ(refused.ec, DesktopApiError::ipc_message_too_large);
-  EXPECT_EQ(refused.ec.message(), "IPC message exceeds size limit");
   EXPECT_EQ(refused.payload, "");
   auto next = read();
   EXPECT_EQ(next.ec, DesktopApiError::success);
@@ -108,23 +100,17 @@ TEST_F(Framing, LimitIsTheCallersArgument) {
   EXPECT_EQ(read(5).payload, "1234");
 }
 
-TEST_F(Framing, EmptyPayloadLeavesTheStreamInStep) {
-  send(frame("") + frame("[]"));
+// A stray byte costs one empty read, not the connection; an empty payload
+// leaves the stream in step.
+TEST_F(Framing, WrongTagAndEmptyPayload) {
+  send("x" + frame("") + frame("[]"));
+  auto stray = read();
+  EXPECT_EQ(stray.ec.value(), 0);
+  EXPECT_EQ(stray.payload, "");
   auto empty = read();
   EXPECT_EQ(empty.ec, DesktopApiError::success);
   EXPECT_EQ(empty.payload, "");
   EXPECT_EQ(read().payload, "[]");
-}
-
-// A stray byte costs one empty read, not the connection.
-TEST_F(Framing, WrongTagIsSkippedOneByteAtATime) {
-  send("x" + frame("{}"));
-  auto stray = read();
-  EXPECT_EQ(stray.ec.value(), 0);
-  EXPECT_EQ(stray.payload, "");
-  auto next = read();
-  EXPECT_EQ(next.ec, DesktopApiError::success);
-  EXPECT_EQ(next.payload, "{}");
 }
 
 TEST_F(Framing, PeerClosingInsideAFrameIsEof) {
@@ -135,18 +121,17 @@ TEST_F(Framing, PeerClosingInsideAFrameIsEof) {
   EXPECT_EQ(result.payload, "");
 }
 
-TEST_F(Framing, PeerClosingInsideTheHeaderOrBetweenFramesIsEof) {
+TEST_F(Framing, PeerClosingInsideTheHeaderIsEof) {
   send(frame("{}") + "\x1d\x01");
   peer.close();
   EXPECT_EQ(read().payload, "{}");
   EXPECT_EQ(read().ec, asio::error::eof);
 }
 
+// A read error comes back as a code, never as an exception.
 TEST_F(Framing, LocallyClosedSocketFailsTheRead) {
   socket.close();
-  auto result = read();
-  EXPECT_NE(result.ec.value(), 0);
-  EXPECT_NE(result.ec, DesktopApiError::success);
+  EXPECT_NE(read().ec.value(), 0);
 }
 
 }  // namespace

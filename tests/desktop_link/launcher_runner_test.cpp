@@ -8,14 +8,11 @@
 #include <vector>
 
 #include <asio/co_spawn.hpp>
-#include <asio/detached.hpp>
-#include <asio/post.hpp>
-#include <asio/redirect_error.hpp>
-#include <asio/use_awaitable.hpp>
+#include <asio/error.hpp>
+#include <asio/io_context.hpp>
 
 #include "desktop_link/error_category.hpp"
 #include "desktop_link/log.hpp"
-#include "tests/support/loopback_peer.hpp"
 
 namespace {
 
@@ -73,40 +70,43 @@ class LauncherRunner : public ::testing::Test {
 };
 
 const std::error_code ok = orvanta::link::make_error_code(DesktopApiError::success);
+const std::error_code refused = asio::error::make_error_code(asio::error::connection_refused);
 
-TEST_F(LauncherRunner, FirstPortIsRetriedUntilItAnswers) {
-  script.answers = {asio::error::connection_refused, asio::error::connection_refused,
-                    asio::error::connection_refused, ok};
-  EXPECT_EQ(run(make({7001, 7002}, 60'000, 0)), DesktopApiError::success);
-  EXPECT_EQ(script.tried, (std::vector<std::uint16_t>{7001, 7001, 7001, 7001}));
-  EXPECT_TRUE(lines.empty());
-}
-
-// After the window each other port gets one try; the line before each try
-// names the port about to be tried.
-TEST_F(LauncherRunner, SweepReachesTheThirdPort) {
-  script.answers = {asio::error::connection_refused, asio::error::connection_refused, ok};
-  EXPECT_EQ(run(make({7001, 7002, 7003, 7004}, 0, 0)), DesktopApiError::success);
-  EXPECT_EQ(script.tried, (std::vector<std::uint16_t>{7001, 7002, 7003}));
-  EXPECT_EQ(lines, (std::vector<std::string>{
-                       "DesktopLauncherRunner - Partner API Connection Failed, retrying at port 7002",
-                       "DesktopLauncherRunner - Partner API Connection Failed, retrying at port 7003",
-                   }));
-}
-
-// The attempts' own codes reach only the log line; the caller always sees
+// The first port is retried for the window; after it each other port gets
+// one try, and the line before each try names the port about to be tried.
+// The attempts' own codes reach only the last log line: the caller sees
 // client_connection_failed.
-TEST_F(LauncherRunner, NoPortAnswering) {
-  script.answers = {asio::error::connection_refused, asio::error::connection_refused,
-                    orvanta::link::make_error_code(DesktopApiError::unauthorized_request)};
-  auto ec = run(make({7001, 7002, 7003}, 0, 0));
-  EXPECT_EQ(ec, DesktopApiError::client_connection_failed);
-  EXPECT_EQ(script.tried, (std::vector<std::uint16_t>{7001, 7002, 7003}));
-  EXPECT_EQ(lines, (std::vector<std::string>{
-                       "DesktopLauncherRunner - Partner API Connection Failed, retrying at port 7002",
-                       "DesktopLauncherRunner - Partner API Connection Failed, retrying at port 7003",
-                       "DesktopLauncherRunner - Partner API Connection Failed: unauthorized request",
-                   }));
+TEST_F(LauncherRunner, Schedule) {
+  const std::string retrying = "DesktopLauncherRunner - Partner API Connection Failed, retrying at port ";
+  const struct {
+    std::vector<std::uint16_t> ports;
+    std::uint64_t window_ms;
+    std::vector<std::error_code> answers;
+    DesktopApiError result;
+    std::vector<std::uint16_t> tried;
+    std::vector<std::string> lines;
+  } rows[] = {
+      {{7001, 7002}, 60'000, {refused, refused, refused, ok}, DesktopApiError::success, {7001, 7001, 7001, 7001}, {}},
+      {{7001, 7002, 7003, 7004}, 0, {refused, refused, ok}, DesktopApiError::success, {7001, 7002, 7003},
+       {retrying + "7002", retrying + "7003"}},
+      {{7001, 7002, 7003},
+       0,
+       {refused, refused, orvanta::link::make_error_code(DesktopApiError::unauthorized_request)},
+       DesktopApiError::client_connection_failed,
+       {7001, 7002, 7003},
+       {retrying + "7002", retrying + "7003",
+        "DesktopLauncherRunner - Partner API Connection Failed: unauthorized request"}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.ports.size());
+    script = Script{};
+    script.answers = row.answers;
+    lines.clear();
+    context.restart();
+    EXPECT_EQ(run(make(row.ports, row.window_ms, 0)), row.result);
+    EXPECT_EQ(script.tried, row.tried);
+    EXPECT_EQ(lines, row.lines);
+  }
 }
 
 // With one port there is no sweep, and the last error is the window's.
@@ -144,37 +144,6 @@ TEST_F(LauncherRunner, CancelDuringAPauseThrowsTheTimersAbort) {
     EXPECT_EQ(e.code(), asio::error::operation_aborted);
   }
   EXPECT_EQ(script.tried.size(), 1u);
-}
-
-// The real thing on loopback: two ports that refuse, then a listener.
-TEST(LauncherRunnerSockets, ConnectsToTheFirstListeningPortOfTheSweep) {
-  asio::io_context context;
-  orvanta::testing::LoopbackPeer peer(context);
-  std::vector<std::uint16_t> ports;
-  for (int i = 0; i < 2; ++i) {
-    asio::ip::tcp::acceptor closed(context, {asio::ip::make_address_v4("127.0.0.1"), 0});
-    ports.push_back(closed.local_endpoint().port());
-  }
-  ports.push_back(peer.port());
-  asio::co_spawn(context, peer.accept(), asio::detached);
-
-  auto socket = std::make_shared<asio::ip::tcp::socket>(context);
-  auto attempt = [socket](asio::ip::tcp::endpoint endpoint) -> asio::awaitable<std::error_code> {
-    return [](std::shared_ptr<asio::ip::tcp::socket> s,
-              asio::ip::tcp::endpoint e) -> asio::awaitable<std::error_code> {
-      std::error_code ec;
-      if (s->is_open()) s->close();
-      co_await s->async_connect(e, asio::redirect_error(asio::use_awaitable, ec));
-      co_return ec;
-    }(socket, endpoint);
-  };
-  auto runner = DesktopLauncherRunner::create(asio::ip::make_address_v4("127.0.0.1"), ports, 0, 0, context,
-                                              std::make_shared<ConnectCanceller>(), attempt);
-  std::optional<std::error_code> result;
-  asio::co_spawn(context, runner->run(), [&](std::exception_ptr, std::error_code ec) { result = ec; });
-  EXPECT_TRUE(orvanta::testing::drive_until(context, [&] { return result.has_value() && peer.socket().is_open(); }));
-  EXPECT_EQ(*result, DesktopApiError::success);
-  EXPECT_EQ(socket->remote_endpoint().port(), peer.port());
 }
 
 TEST(PortRange, EndIsNotIncluded) {

@@ -15,10 +15,17 @@
 namespace orvanta::cli {
 
 CommandRunner::CommandRunner()
-    : io_thread_(context_),
-      launcher_(std::make_unique<link::SystemAppLauncher>(std::string(commands::kLauncherName))),
-      client_(std::make_unique<link::PartnerApiClient>(link::client_id(), std::string(commands::kClientDisplayName),
-                                                       std::string(commands::kVersion), context_)) {
+    : CommandRunner([] { return std::make_unique<link::SystemAppLauncher>(std::string(commands::kLauncherName)); },
+                    [](asio::io_context& context) {
+                      return std::make_unique<link::PartnerApiClient>(
+                          link::client_id(), std::string(commands::kClientDisplayName),
+                          std::string(commands::kVersion), context);
+                    },
+                    stdout, stderr) {}
+
+CommandRunner::CommandRunner(const LauncherFactory& make_launcher, const ClientFactory& make_client,
+                             std::FILE* out, std::FILE* err)
+    : io_thread_(context_), launcher_(make_launcher()), client_(make_client(context_)), out_(out), err_(err) {
   link::wait_until_running(context_);
 }
 

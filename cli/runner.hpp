@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdio>
+#include <functional>
 #include <memory>
 
 #include <asio/io_context.hpp>
@@ -19,9 +20,16 @@ namespace orvanta::cli {
 // on stderr and an exit status.
 class CommandRunner {
  public:
+  using LauncherFactory = std::function<std::unique_ptr<link::DesktopAppLauncher>()>;
+  using ClientFactory = std::function<std::unique_ptr<link::PartnerApi>(asio::io_context&)>;
+
   // Starts the IO thread and waits until it runs. Throws std::system_error
   // when the thread can't be started.
   CommandRunner();
+  // The same runner around another launcher and client, printing on other
+  // streams: how tests put a double in the desktop client's place.
+  CommandRunner(const LauncherFactory& make_launcher, const ClientFactory& make_client, std::FILE* out,
+                std::FILE* err);
   // Disconnects, stops the IO context and joins its thread. Never throws.
   ~CommandRunner();
 
@@ -44,8 +52,8 @@ class CommandRunner {
   link::IoThread io_thread_;
   std::unique_ptr<link::DesktopAppLauncher> launcher_;
   std::unique_ptr<link::PartnerApi> client_;
-  std::FILE* out_ = stdout;
-  std::FILE* err_ = stderr;
+  std::FILE* out_;
+  std::FILE* err_;
 };
 
 }  // namespace orvanta::cli

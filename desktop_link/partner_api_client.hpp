@@ -28,7 +28,8 @@
 
 namespace orvanta::link {
 
-class PartnerApiClient final : public PartnerApi {
+// Not final: a test double may stand in for one or two operations.
+class PartnerApiClient : public PartnerApi {
  public:
   // Without a transport the client starts disconnected, which is how the
   // program builds it; with one it starts connected on it. `settings` says

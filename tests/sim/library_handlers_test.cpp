@@ -80,11 +80,6 @@ TEST_F(LibraryHandlers, AddTracksInsertsAtPositionWithANewSnapshot) {
   EXPECT_EQ(got.tracks[2].position, 2);
 }
 
-TEST_F(LibraryHandlers, AddTracksWithoutPositionAppends) {
-  call<m::PlaylistAddTracks>({deep_focus, {"orvanta:track:copperhour"}, {}});
-  EXPECT_EQ(items_of(deep_focus).back(), "orvanta:track:copperhour");
-}
-
 TEST_F(LibraryHandlers, AddTracksRefusesWhatItCannotPlace) {
   EXPECT_EQ(refusal(call<m::PlaylistAddTracks>({deep_focus, {"orvanta:track:copperhour"}, 5}),
                     DesktopApiError::bad_request),
@@ -99,6 +94,9 @@ TEST_F(LibraryHandlers, AddTracksRefusesWhatItCannotPlace) {
                     DesktopApiError::bad_request),
             "No playlist orvanta:playlist:gone");
   EXPECT_EQ(items_of(deep_focus).size(), 4U);
+  // Without a position the tracks go to the end.
+  call<m::PlaylistAddTracks>({deep_focus, {"orvanta:track:copperhour"}, {}});
+  EXPECT_EQ(items_of(deep_focus).back(), "orvanta:track:copperhour");
 }
 
 TEST_F(LibraryHandlers, RemoveTracksTakesEachPositionOnce) {

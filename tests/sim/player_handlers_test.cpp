@@ -9,8 +9,6 @@ namespace {
 
 using link::DesktopApiError;
 
-const std::string kitchen_id = "9e20b5d13a88";
-
 class PlayerHandlers : public HandlerTest {
  protected:
   std::vector<std::string> queue_uris() {
@@ -92,24 +90,6 @@ TEST_F(PlayerHandlers, QueueMoveReordersAndRemoveCounts) {
   EXPECT_GT(call<m::QueueList>().result.revision, revision);
   EXPECT_EQ(refusal(call<m::QueueAdd>({.uri = "orvanta:artist:pellamoor"}), DesktopApiError::bad_request),
             "Only tracks and episodes can be queued, and orvanta:artist:pellamoor is neither");
-}
-
-TEST_F(PlayerHandlers, TransferByNameChangesTheActiveDeviceAndTellsSubscribers) {
-  auto transferred = call<m::ConnectTransfer>({.device_id = "Kitchen Speaker"});
-  ASSERT_TRUE(transferred.ok());
-  ASSERT_EQ(transferred.notices.size(), 1U);
-  EXPECT_EQ(transferred.notices[0].method, "connect_active_device_subscription");
-  EXPECT_EQ(transferred.notices[0].params, R"({"active_device_id":"9e20b5d13a88","is_local":false})");
-  EXPECT_TRUE(transferred.notices[0].broadcast);
-
-  auto cluster = call<m::ConnectCluster>().result;
-  EXPECT_EQ(cluster.active_device_id, kitchen_id);
-  EXPECT_FALSE(cluster.devices[0].is_active);
-  EXPECT_TRUE(cluster.devices[1].is_active);
-  // A transfer to the device already active changes nothing and says nothing.
-  EXPECT_TRUE(call<m::ConnectTransfer>({.device_id = kitchen_id}).notices.empty());
-  EXPECT_EQ(refusal(call<m::ConnectTransfer>({.device_id = "Attic Radio"}), DesktopApiError::bad_request),
-            "No device called 'Attic Radio' in the cluster");
 }
 
 TEST_F(PlayerHandlers, VolumeWithoutADeviceGoesToTheActiveOne) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
+#include <utility>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,144 +24,51 @@ std::string_view record_name() {
   return pretty;
 }
 
-struct Row {
-  std::string name;
-  std::string params;
-  std::string result;
-  bool operator==(const Row&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Row& row) {
-  return out << row.name << " " << row.params << " " << row.result;
-}
-
-template <class Op>
-Row row_of() {
-  return {std::string(Op::name), std::string(record_name<typename Op::Request>()),
-          std::string(record_name<typename Op::Response>())};
-}
-
-TEST(OperationCatalogue, MethodsRecordsAndOrder) {
-  const std::vector<Row> expected = {
-      {"connect_login", "ConnectLoginRequest", "EmptyResponse"},
-      {"get_username_hash", "EmptyRequest", "GetUsernameHashResponse"},
-      {"tk_message_auth_policy", "EmptyRequest", "TkMessageAuthPolicyResponse"},
-      {"playback_pause", "EmptyRequest", "EmptyResponse"},
-      {"playback_resume", "EmptyRequest", "EmptyResponse"},
-      {"playback_play", "PlaybackPlayRequest", "EmptyResponse"},
-      {"playback_next", "PlaybackNextRequest", "EmptyResponse"},
-      {"playback_previous", "PlaybackPreviousRequest", "EmptyResponse"},
-      {"playback_seek", "PlaybackSeekRequest", "EmptyResponse"},
-      {"playback_shuffle", "PlaybackShuffleRequest", "EmptyResponse"},
-      {"playback_repeat", "PlaybackRepeatRequest", "EmptyResponse"},
-      {"playback_speed", "PlaybackSpeedRequest", "EmptyResponse"},
-      {"playback_volume", "PlaybackVolumeRequest", "EmptyResponse"},
-      {"ble_state_subscription", "EmptyRequest", "EmptyResponse"},
-      {"connect_active_device_subscription", "EmptyRequest", "EmptyResponse"},
-      {"search", "SearchRequest", "SearchResponse"},
-      {"lookup", "LookupRequest", "LookupResponse"},
-      {"me", "EmptyRequest", "MeResponse"},
-      {"taste_profile", "EmptyRequest", "TasteProfileResponse"},
-      {"history_top", "HistoryTopRequest", "HistoryTopResponse"},
-      {"history_recent", "HistoryRecentRequest", "HistoryRecentResponse"},
-      {"now_playing", "EmptyRequest", "NowPlayingResponse"},
-      {"agent_bootstrap", "EmptyRequest", "AgentBootstrapResponse"},
-      {"agent_online_state", "AgentOnlineStateRequest", "AgentOnlineStateResponse"},
-      {"ask", "AskRequest", "AskResponse"},
-      {"web_search", "WebSearchRequest", "WebSearchResponse"},
-      {"ai_completions", "AiCompletionsRequest", "AiCompletionsResponse"},
-      {"ai_completions_stream", "AiCompletionsStreamRequest", "EmptyResponse"},
-      {"ai_images", "AiImagesRequest", "AiImagesResponse"},
-      {"tts_synthesize", "TtsSynthesizeRequest", "TtsSynthesizeResponse"},
-      {"tts_voices", "EmptyRequest", "TtsVoicesResponse"},
-      {"ai_messages", "AiMessagesRequest", "AiMessagesResponse"},
-      {"ai_messages_stream", "AiMessagesStreamRequest", "EmptyResponse"},
-      {"telemetry_sandbox", "TelemetrySandboxRequest", "TelemetrySandboxResponse"},
-      {"pod_upload", "PodUploadRequest", "PodUploadResponse"},
-      {"pod_shows_list", "EmptyRequest", "PodShowsListResponse"},
-      {"pod_shows_create", "PodShowsCreateRequest", "PodShowsCreateResponse"},
-      {"pod_shows_delete", "PodShowsDeleteRequest", "PodShowsDeleteResponse"},
-      {"pod_episodes_list", "PodEpisodesListRequest", "PodEpisodesListResponse"},
-      {"pod_episodes_create", "PodEpisodesCreateRequest", "PodEpisodesCreateResponse"},
-      {"pod_episodes_status", "PodEpisodesStatusRequest", "PodEpisodesStatusResponse"},
-      {"pod_episodes_delete", "PodEpisodesDeleteRequest", "PodEpisodesDeleteResponse"},
-      {"pod_timeline_get", "PodTimelineGetRequest", "PodTimelineGetResponse"},
-      {"pod_timeline_set", "PodTimelineSetRequest", "PodTimelineSetResponse"},
-      {"pod_timeline_delete", "PodTimelineDeleteRequest", "PodTimelineDeleteResponse"},
-      {"connect_cluster", "EmptyRequest", "ConnectClusterResponse"},
-      {"connect_transfer", "ConnectTransferRequest", "EmptyResponse"},
-      {"connect_set_volume", "ConnectSetVolumeRequest", "EmptyResponse"},
-      {"connect_device_info", "ConnectDeviceInfoRequest", "ConnectDevice"},
-      {"chat_list", "EmptyRequest", "ChatListResponse"},
-      {"chat_read", "ChatReadRequest", "ChatReadResponse"},
-      {"chat_send", "ChatSendRequest", "ChatSendResponse"},
-      {"chat_subscribe", "EmptyRequest", "EmptyResponse"},
-      {"library_list", "LibraryListRequest", "LibraryListResponse"},
-      {"library_contains", "LibraryContainsRequest", "LibraryContainsResponse"},
-      {"library_add", "LibraryAddRequest", "LibraryAddResponse"},
-      {"library_remove", "LibraryRemoveRequest", "LibraryRemoveResponse"},
-      {"playlist_get", "PlaylistGetRequest", "PlaylistGetResponse"},
-      {"playlist_create", "PlaylistCreateRequest", "PlaylistCreateResponse"},
-      {"playlist_update", "PlaylistUpdateRequest", "PlaylistUpdateResponse"},
-      {"playlist_add_tracks", "PlaylistAddTracksRequest", "PlaylistAddTracksResponse"},
-      {"playlist_remove_tracks", "PlaylistRemoveTracksRequest", "PlaylistRemoveTracksResponse"},
-      {"folder_list", "FolderListRequest", "FolderListResponse"},
-      {"folder_create", "FolderCreateRequest", "FolderCreateResponse"},
-      {"folder_rename", "FolderRenameRequest", "FolderRenameResponse"},
-      {"folder_move", "FolderMoveRequest", "FolderMoveResponse"},
-      {"folder_remove", "FolderRemoveRequest", "FolderRemoveResponse"},
-      {"queue_list", "EmptyRequest", "QueueListResponse"},
-      {"queue_add", "QueueAddRequest", "EmptyResponse"},
-      {"queue_remove", "QueueRemoveRequest", "QueueRemoveResponse"},
-      {"queue_move", "QueueMoveRequest", "EmptyResponse"},
-      {"rondo_status", "EmptyRequest", "RondoStatusResponse"},
-      {"rondo_create", "RondoCreateRequest", "RondoStatusResponse"},
-      {"rondo_leave", "EmptyRequest", "EmptyResponse"},
-      {"rondo_end", "EmptyRequest", "EmptyResponse"},
-      {"rondo_kick", "RondoKickRequest", "RondoStatusResponse"},
-      {"rondo_permissions", "RondoPermissionsRequest", "RondoPermissionsResponse"},
-      {"browser_new", "BrowserNewRequest", "BrowserNewResponse"},
-      {"browser_list", "EmptyRequest", "BrowserListResponse"},
-      {"browser_close", "BrowserCloseRequest", "BrowserCloseResponse"},
-      {"browser_snapshot", "BrowserSnapshotRequest", "BrowserSnapshotResponse"},
-      {"browser_navigate", "BrowserNavigateRequest", "BrowserNavigateResponse"},
-      {"browser_click", "BrowserClickRequest", "BrowserClickResponse"},
-      {"browser_type", "BrowserTypeRequest", "BrowserTypeResponse"},
-      {"browser_scroll", "BrowserScrollRequest", "BrowserScrollResponse"},
-      {"browser_evaluate", "BrowserEvaluateRequest", "BrowserEvaluateResponse"},
-      {"permissions_grant", "PermissionsGrantRequest", "PermissionsGrantResponse"},
-      {"permissions_current", "EmptyRequest", "PermissionsCurrentResponse"},
-      {"permissions_subscribe", "EmptyRequest", "EmptyResponse"},
-      {"permissions_resolve", "PermissionsResolveRequest", "PermissionsResolveResponse"},
-      {"show_toast", "ShowToastRequest", "EmptyResponse"},
-      {"collect_logs_subscription", "EmptyRequest", "EmptyResponse"},
+// The wire names, in the catalogue's order, written from the method table.
+TEST(OperationCatalogue, MethodNamesInOrder) {
+  const std::vector<std::string_view> expected = {
+      "connect_login", "get_username_hash", "tk_message_auth_policy", "playback_pause", "playback_resume",
+      "playback_play", "playback_next", "playback_previous", "playback_seek", "playback_shuffle", "playback_repeat",
+      "playback_speed", "playback_volume", "ble_state_subscription", "connect_active_device_subscription", "search",
+      "lookup", "me", "taste_profile", "history_top", "history_recent", "now_playing", "agent_bootstrap",
+      "agent_online_state", "ask", "web_search", "ai_completions", "ai_completions_stream", "ai_images",
+      "tts_synthesize", "tts_voices", "ai_messages", "ai_messages_stream", "telemetry_sandbox", "pod_upload",
+      "pod_shows_list", "pod_shows_create", "pod_shows_delete", "pod_episodes_list", "pod_episodes_create",
+      "pod_episodes_status", "pod_episodes_delete", "pod_timeline_get", "pod_timeline_set", "pod_timeline_delete",
+      "connect_cluster", "connect_transfer", "connect_set_volume", "connect_device_info", "chat_list", "chat_read",
+      "chat_send", "chat_subscribe", "library_list", "library_contains", "library_add", "library_remove",
+      "playlist_get", "playlist_create", "playlist_update", "playlist_add_tracks", "playlist_remove_tracks",
+      "folder_list", "folder_create", "folder_rename", "folder_move", "folder_remove", "queue_list", "queue_add",
+      "queue_remove", "queue_move", "rondo_status", "rondo_create", "rondo_leave", "rondo_end", "rondo_kick",
+      "rondo_permissions", "browser_new", "browser_list", "browser_close", "browser_snapshot", "browser_navigate",
+      "browser_click", "browser_type", "browser_scroll", "browser_evaluate", "permissions_grant",
+      "permissions_current", "permissions_subscribe", "permissions_resolve", "show_toast",
+      "collect_logs_subscription",
       // Made only by the connection itself.
-      {"login_state_subscription", "EmptyRequest", "EmptyResponse"},
-      {"authorize_connection", "HelloRequest", "HelloResponse"},
+      "login_state_subscription", "authorize_connection",
   };
-  std::vector<Row> actual;
-  for_each_operation([&]<class Op>(std::type_identity<Op>) { actual.push_back(row_of<Op>()); });
-  ASSERT_EQ(actual.size(), 94U);
-  for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(actual[i], expected[i]) << "row " << i;
+  std::vector<std::string_view> actual;
+  for_each_operation([&]<class Op>(std::type_identity<Op>) { actual.push_back(Op::name); });
+  EXPECT_EQ(actual, expected);
   EXPECT_EQ(operation_names.size(), 92U);
   EXPECT_EQ(connection_operation_names.size(), 2U);
-  EXPECT_EQ(std::set<std::string_view>(operation_names.begin(), operation_names.end()).size(), 92U);
 }
 
 TEST(OperationCatalogue, Notifications) {
+  using Row = std::pair<std::string_view, std::string_view>;
   const std::vector<Row> expected = {
-      {"login_state_subscription", "LoginStateNotification", ""},
-      {"ble_state_subscription", "BleStateNotification", ""},
-      {"connect_active_device_subscription", "ActiveDeviceNotification", ""},
-      {"chat_subscribe", "ChatNotification", ""},
-      {"permissions_subscribe", "PermissionRequest", ""},
-      {"collect_logs_subscription", "CollectLogsNotification", ""},
-      {"ai_completions_stream", "AiCompletionsStreamChunk", ""},
-      {"ai_messages_stream", "AiMessagesStreamChunk", ""},
+      {"login_state_subscription", "LoginStateNotification"},
+      {"ble_state_subscription", "BleStateNotification"},
+      {"connect_active_device_subscription", "ActiveDeviceNotification"},
+      {"chat_subscribe", "ChatNotification"},
+      {"permissions_subscribe", "PermissionRequest"},
+      {"collect_logs_subscription", "CollectLogsNotification"},
+      {"ai_completions_stream", "AiCompletionsStreamChunk"},
+      {"ai_messages_stream", "AiMessagesStreamChunk"},
   };
   std::vector<Row> actual;
   for_each_notification([&]<class N>(std::type_identity<N>) {
-    actual.push_back({std::string(N::name), std::string(record_name<typename N::Params>()), ""});
+    actual.emplace_back(N::name, record_name<typename N::Params>());
   });
   EXPECT_EQ(actual, expected);
 }
@@ -221,11 +128,6 @@ TEST(OperationCatalogue, RequestBytes) {
 }
 
 TEST(OperationCatalogue, ResultsAndNotificationParams) {
-  EmptyResponse empty;
-  EXPECT_TRUE(decode_operation_result<PlaybackPause>(RawJsonValue(R"({"extra":1})"), empty));
-  EXPECT_FALSE(decode_operation_result<PlaybackPause>(RawJsonValue("null"), empty));
-  EXPECT_FALSE(decode_operation_result<PlaybackPause>(RawJsonValue("[]"), empty));
-
   ConnectDevice device;
   EXPECT_FALSE(decode_operation_result<ConnectDeviceInfo>(RawJsonValue(R"({"device_id":"d"})"), device));
 

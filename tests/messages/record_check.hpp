@@ -28,29 +28,11 @@ struct Probes {
   std::string_view optional = {};
 };
 
-namespace detail {
-
-template <class Each>
-void for_each_word(std::string_view words, Each each) {
-  while (!words.empty()) {
-    const std::size_t space = words.find(' ');
-    if (space != 0) each(words.substr(0, space));
-    if (space == std::string_view::npos) break;
-    words.remove_prefix(space + 1);
-  }
-}
-
-}  // namespace detail
-
 template <class R>
 void check_record(json::ObjectCodec<R> (*factory)(), const R& value, std::string_view text, Probes probes = {}) {
   SCOPED_TRACE(std::string(text));
   EXPECT_EQ(json::encode(factory(), value).view(), text);
-  const WireRunner run = runner(factory);
-  check_wire_case({"", run, text});
-  detail::for_each_word(probes.required, [&](std::string_view key) { check_wire_case({"", run, text, key}); });
-  detail::for_each_word(probes.defaulted, [&](std::string_view key) { check_wire_case({"", run, text, {}, key}); });
-  detail::for_each_word(probes.optional, [&](std::string_view key) { check_wire_case({"", run, text, {}, {}, key}); });
+  check_wire_case({"", runner(factory), text, probes.required, probes.defaulted, probes.optional});
 }
 
 // The decode-only outcome through a record's factory: "ok", or "error: " and

@@ -4,17 +4,18 @@
 // by hand from the record's wire table, with every key in table order and
 // representative values. The text must decode and re-encode to the very same
 // bytes, so a wrong key, a wrong order or a wrong presence shows up as a
-// byte difference. A row may also name keys to probe:
-//   required  - without this key decoding fails with "Missing required field(s)";
-//   defaulted - the text holds this key at its default; without it the record
+// byte difference. A row may also name keys to probe, each a space-separated
+// list:
+//   required  - without the key decoding fails with "Missing required field(s)";
+//   defaulted - the text holds the key at its default; without it the record
 //               still decodes and is written back with the key;
-//   optional  - without this key the record decodes and is written back
+//   optional  - without the key the record decodes and is written back
 //               without it; a `null` in its place is refused (so not for
 //               raw values or string-or-null members, which take `null`).
 //
 //   const WireCase cases[] = {
 //       {"ConnectSetVolumeRequest", runner(connect_set_volume_request_codec),
-//        R"({"device_id":"d1","volume":40})", "volume"},   // required, defaulted, optional
+//        R"({"device_id":"d1","volume":40})", "device_id volume"},   // required, defaulted, optional
 //   };
 //   check_wire_table(cases);
 #pragma once
@@ -110,24 +111,32 @@ inline std::string with_null(std::string_view text, std::string_view key) {
   return std::string(text).replace(span.value_begin, span.end - span.value_begin, "null");
 }
 
+template <class Each>
+void for_each_word(std::string_view words, Each each) {
+  while (!words.empty()) {
+    const std::size_t space = words.find(' ');
+    if (space != 0) each(words.substr(0, space));
+    if (space == std::string_view::npos) break;
+    words.remove_prefix(space + 1);
+  }
+}
+
 }  // namespace detail
 
 inline void check_wire_case(const WireCase& c) {
   SCOPED_TRACE(std::string(c.name));
   EXPECT_EQ(c.run(c.text), c.text);
-  if (!c.required.empty()) {
-    EXPECT_EQ(c.run(detail::without_member(c.text, c.required)), "error: Missing required field(s)")
-        << "required " << c.required;
-  }
-  if (!c.defaulted.empty()) {
-    EXPECT_EQ(c.run(detail::without_member(c.text, c.defaulted)), c.text) << "defaulted " << c.defaulted;
-  }
-  if (!c.optional.empty()) {
-    const std::string absent = detail::without_member(c.text, c.optional);
-    EXPECT_EQ(c.run(absent), absent) << "optional " << c.optional;
-    EXPECT_EQ(c.run(detail::with_null(c.text, c.optional)).rfind("error: ", 0), 0U)
-        << "null for optional " << c.optional;
-  }
+  detail::for_each_word(c.required, [&](std::string_view key) {
+    EXPECT_EQ(c.run(detail::without_member(c.text, key)), "error: Missing required field(s)") << "required " << key;
+  });
+  detail::for_each_word(c.defaulted, [&](std::string_view key) {
+    EXPECT_EQ(c.run(detail::without_member(c.text, key)), c.text) << "defaulted " << key;
+  });
+  detail::for_each_word(c.optional, [&](std::string_view key) {
+    const std::string absent = detail::without_member(c.text, key);
+    EXPECT_EQ(c.run(absent), absent) << "optional " << key;
+    EXPECT_EQ(c.run(detail::with_null(c.text, key)).rfind("error: ", 0), 0U) << "null for optional " << key;
+  });
 }
 
 inline void check_wire_table(std::span<const WireCase> cases) {

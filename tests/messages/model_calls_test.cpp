@@ -7,12 +7,11 @@
 
 #include "tests/messages/wire_table.hpp"
 
+namespace orvanta::messages {
 namespace {
 
-using namespace orvanta::messages;
-namespace json = orvanta::json;
-using orvanta::test::runner;
-using orvanta::test::WireCase;
+using test::runner;
+using test::WireCase;
 
 // A body is JSON text of its own, carried as an escaped string and never
 // looked into.
@@ -29,31 +28,22 @@ TEST(ModelCallRecords, WireTable) {
       {"AiCompletionsRequest", runner(ai_completions_request_codec), kBody, "body"},
       {"AiCompletionsResponse", runner(ai_completions_response_codec), kAnswer, "content_type"},
       {"AiCompletionsStreamRequest", runner(ai_completions_stream_request_codec), kBody, "body"},
-      {"AiCompletionsStreamChunk", runner(ai_completions_stream_chunk_codec), kChunk, "done"},
-      {"AiCompletionsStreamChunk/last", runner(ai_completions_stream_chunk_codec), kLastChunk, "data", "error_msg"},
-      {"AiCompletionsStreamChunk/status", runner(ai_completions_stream_chunk_codec), kLastChunk, "error",
-       "status_code"},
-      {"AiCompletionsStreamChunk/type", runner(ai_completions_stream_chunk_codec), kLastChunk, "", "content_type"},
+      {"AiCompletionsStreamChunk", runner(ai_completions_stream_chunk_codec), kChunk},
+      {"AiCompletionsStreamChunk/last", runner(ai_completions_stream_chunk_codec), kLastChunk, "data done error",
+       "error_msg status_code content_type"},
       {"AiMessagesRequest", runner(ai_messages_request_codec), kBody, "body"},
       {"AiMessagesResponse", runner(ai_messages_response_codec), kAnswer, "status_code"},
       {"AiMessagesStreamRequest", runner(ai_messages_stream_request_codec), kBody, "body"},
-      {"AiMessagesStreamChunk", runner(ai_messages_stream_chunk_codec), kChunk, "error"},
-      {"AiMessagesStreamChunk/last", runner(ai_messages_stream_chunk_codec), kLastChunk, "done", "error_msg"},
-      {"AiMessagesStreamChunk/status", runner(ai_messages_stream_chunk_codec), kLastChunk, "data", "status_code"},
-      {"AiMessagesStreamChunk/type", runner(ai_messages_stream_chunk_codec), kLastChunk, "", "content_type"},
+      {"AiMessagesStreamChunk", runner(ai_messages_stream_chunk_codec), kChunk},
+      {"AiMessagesStreamChunk/last", runner(ai_messages_stream_chunk_codec), kLastChunk, "data done error",
+       "error_msg status_code content_type"},
       {"AiImagesRequest", runner(ai_images_request_codec), kBody, "body"},
       {"AiImagesResponse", runner(ai_images_response_codec), kAnswer, "body"},
       {"TelemetrySandboxRequest", runner(telemetry_sandbox_request_codec), kBody, "body"},
       {"TelemetrySandboxResponse", runner(telemetry_sandbox_response_codec),
        R"({"status_code":204,"body":""})", "status_code"},
   };
-  orvanta::test::check_wire_table(cases);
-}
-
-TEST(ModelCallRecords, BodyPassesThroughUnread) {
-  AiImagesRequest request;
-  request.body = R"({"prompt":"a cat"})";
-  EXPECT_EQ(json::encode(ai_images_request_codec(), request), R"({"body":"{\"prompt\":\"a cat\"}"})");
+  test::check_wire_table(cases);
 }
 
 // The sandbox answer has no `content_type`; one sent anyway is skipped.
@@ -72,3 +62,4 @@ TEST(ModelCallRecords, FilledChunkEncodesAsTheTable) {
 }
 
 }  // namespace
+}  // namespace orvanta::messages

@@ -7,13 +7,12 @@
 
 #include "tests/messages/wire_table.hpp"
 
+namespace orvanta::messages {
 namespace {
 
-using namespace orvanta::messages;
-namespace json = orvanta::json;
-using orvanta::test::decode_outcome;
-using orvanta::test::runner;
-using orvanta::test::WireCase;
+using test::decode_outcome;
+using test::runner;
+using test::WireCase;
 
 constexpr std::string_view kRequest =
     R"({"type":"permission_request","request_id":"r1","command":"play","permission_type":"playback",)"
@@ -26,15 +25,14 @@ TEST(PermissionRecords, WireTable) {
        R"({"command":"play","source_id":"src1"})", "source_id"},
       {"PermissionsGrantResponse", runner(permissions_grant_response_codec), R"({"granted":true,"message":"ok"})",
        "granted"},
-      {"PermissionRequest", runner(permission_request_codec), kRequest, "request_id", "", "granted"},
-      {"PermissionRequest/message", runner(permission_request_codec), kRequest, "message"},
+      {"PermissionRequest", runner(permission_request_codec), kRequest, "request_id message", "", "granted"},
       {"PermissionsCurrentResponse", runner(permissions_current_response_codec), current, "", "", "pending"},
       {"PermissionsResolveRequest", runner(permissions_resolve_request_codec),
        R"({"request_id":"r1","granted":true})", "granted"},
       {"PermissionsResolveResponse", runner(permissions_resolve_response_codec),
        R"({"success":true,"granted":false,"message":"done"})", "success"},
   };
-  orvanta::test::check_wire_table(cases);
+  test::check_wire_table(cases);
 }
 
 // At most one open request: a list in its place is refused.
@@ -50,3 +48,4 @@ TEST(PermissionRecords, FilledRequestEncodesAsTheTable) {
 }
 
 }  // namespace
+}  // namespace orvanta::messages

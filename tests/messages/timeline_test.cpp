@@ -7,12 +7,11 @@
 
 #include "tests/messages/wire_table.hpp"
 
+namespace orvanta::messages {
 namespace {
 
-using namespace orvanta::messages;
-namespace json = orvanta::json;
-using orvanta::test::runner;
-using orvanta::test::WireCase;
+using test::runner;
+using test::WireCase;
 
 constexpr std::string_view kChapter =
     R"({"chapter_uri":"orvanta:chapter:c1","title":"Intro","start_time_ms":0,"description":""})";
@@ -32,14 +31,11 @@ TEST(TimelineRecords, WireTable) {
   const std::string items =
       R"({"items":[{"chapter":)" + s_chapter + R"(},{"orvanta_entity":)" + s_entity + R"(},{"link":)" + s_link + "}]}";
   const WireCase cases[] = {
-      {"TimelineChapter", runner(timeline_chapter_codec), kChapter, "start_time_ms", "description"},
-      {"TimelineChapter/uri", runner(timeline_chapter_codec), kChapter, "chapter_uri"},
-      {"TimelineImage", runner(timeline_image_codec), kImage, "duration_ms", "", "width"},
-      {"TimelineImage/url", runner(timeline_image_codec), kImage, "companion_uri", "", "url"},
+      {"TimelineChapter", runner(timeline_chapter_codec), kChapter, "chapter_uri start_time_ms", "description"},
+      {"TimelineImage", runner(timeline_image_codec), kImage, "companion_uri duration_ms", "", "url width"},
       {"TimelineLink", runner(timeline_link_codec), kLink, "url"},
       {"TimelineOrvantaEntity", runner(timeline_orvanta_entity_codec), kEntity, "uri", "", "duration_ms"},
-      {"TimelineItem", runner(timeline_item_codec), every_kind, "", "", "chapter"},
-      {"TimelineItem/entity", runner(timeline_item_codec), every_kind, "", "", "orvanta_entity"},
+      {"TimelineItem", runner(timeline_item_codec), every_kind, "", "", "chapter orvanta_entity"},
       {"PodTimelineGetRequest", runner(pod_timeline_get_request_codec), R"({"id":"e1","show_id":"s1"})", "id", "",
        "show_id"},
       {"PodTimelineGetResponse", runner(pod_timeline_get_response_codec), items, "items"},
@@ -51,7 +47,7 @@ TEST(TimelineRecords, WireTable) {
       {"PodTimelineDeleteResponse", runner(pod_timeline_delete_response_codec), R"({"ok":true,"episode_id":"e1"})",
        "ok"},
   };
-  orvanta::test::check_wire_table(cases);
+  test::check_wire_table(cases);
 }
 
 // Nothing checks that an item names exactly one kind: an empty item and an
@@ -82,8 +78,9 @@ TEST(TimelineRecords, FilledImageEncodesAsTheTable) {
 TEST(TimelineRecords, ChapterStartIsSigned32Bit) {
   const auto codec = timeline_chapter_codec();
   EXPECT_EQ(json::decode(codec, R"({"chapter_uri":"c","title":"t","start_time_ms":-5})").start_time_ms, -5);
-  EXPECT_EQ(orvanta::test::decode_outcome(codec, R"({"chapter_uri":"c","title":"t","start_time_ms":2147483648})"),
+  EXPECT_EQ(test::decode_outcome(codec, R"({"chapter_uri":"c","title":"t","start_time_ms":2147483648})"),
             "error: Integer overflow");
 }
 
 }  // namespace
+}  // namespace orvanta::messages

@@ -7,24 +7,22 @@
 
 #include "tests/messages/wire_table.hpp"
 
+namespace orvanta::messages {
 namespace {
 
-using namespace orvanta::messages;
-namespace json = orvanta::json;
-using orvanta::test::runner;
-using orvanta::test::WireCase;
+using test::runner;
+using test::WireCase;
 
 constexpr std::string_view kToast =
     R"({"title":"Hi","body":"There","subtitle":"Sub","image_url":"https://img/t.png","launch_uri":"orvanta:track:1"})";
 
 TEST(ToastAndLogRecords, WireTable) {
   const WireCase cases[] = {
-      {"ShowToastRequest", runner(show_toast_request_codec), kToast, "body", "", "subtitle"},
-      {"ShowToastRequest/launch", runner(show_toast_request_codec), kToast, "title", "", "launch_uri"},
+      {"ShowToastRequest", runner(show_toast_request_codec), kToast, "title body", "", "subtitle launch_uri"},
       {"CollectLogsNotification", runner(collect_logs_notification_codec), R"({"logs_directory":"/tmp/logs"})",
        "logs_directory"},
   };
-  orvanta::test::check_wire_table(cases);
+  test::check_wire_table(cases);
 }
 
 TEST(ToastAndLogRecords, FilledToastEncodesAsTheTable) {
@@ -33,3 +31,4 @@ TEST(ToastAndLogRecords, FilledToastEncodesAsTheTable) {
 }
 
 }  // namespace
+}  // namespace orvanta::messages

@@ -79,7 +79,8 @@ void collect_all(const SimState& state, const m::SearchRequest& request, std::in
   }
   if (wanted(type, "playlist")) {
     collect(state.playlists, request, limit, r.playlists, [](const Playlist& p) {
-      return m::SearchPlaylist{.uri = p.uri, .name = p.name, .author = p.owner, .image = {}};
+      auto author = p.owner.empty() ? std::nullopt : std::optional<std::string>(p.owner);
+      return m::SearchPlaylist{.uri = p.uri, .name = p.name, .author = std::move(author), .image = {}};
     });
   }
   if (wanted(type, "show")) {
@@ -113,7 +114,8 @@ Answer<m::SearchResponse> handle(m::Search, const m::SearchRequest& request, Con
       r.top_hit = m::SearchTopHit{.uri = r.tracks.front().uri, .name = r.tracks.front().name, .image = {}};
     }
   }
-  r.categories_order = section_order;
+  r.top_recommendations = context.state.search_recommendations;
+  r.categories_order = context.state.search_categories_order.value_or(section_order);
   return r;
 }
 

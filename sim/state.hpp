@@ -200,6 +200,10 @@ struct SimState {
   std::vector<Episode> episodes;
   std::vector<Audiobook> audiobooks;
   std::vector<Playlist> playlists;
+  // How search answers are laid out: the client's section order (absent:
+  // the usual one) and its editorial playlists, added to every answer.
+  std::optional<std::vector<std::string>> search_categories_order;
+  std::optional<messages::SearchRecommendations> search_recommendations;
   messages::TasteProfileResponse taste;
   std::vector<Play> history;
   std::vector<SavedItem> library;

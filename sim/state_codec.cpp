@@ -246,6 +246,9 @@ json::ObjectCodec<SimState> sim_state_codec() {
   codec.add_field("episodes",         defaulted, &R::episodes,    json::list_codec(episode_codec()));
   codec.add_field("audiobooks",       defaulted, &R::audiobooks,  json::list_codec(audiobook_codec()));
   codec.add_field("playlists",        defaulted, &R::playlists,   json::list_codec(playlist_codec()));
+  codec.add_field("search_categories_order", optional, &R::search_categories_order);
+  codec.add_field("search_recommendations",  optional, &R::search_recommendations,
+                  messages::search_recommendations_codec());
   codec.add_field("taste",            defaulted, &R::taste,       messages::taste_profile_response_codec());
   codec.add_field("history",          defaulted, &R::history,     json::list_codec(play_codec()));
   codec.add_field("library",          defaulted, &R::library,     json::list_codec(saved_item_codec()));

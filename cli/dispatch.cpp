@@ -1,7 +1,9 @@
 #include "cli/dispatch.hpp"
 
+#include "commands/content.hpp"
 #include "commands/devices.hpp"
 #include "commands/playback.hpp"
+#include "commands/queue.hpp"
 
 namespace orvanta::cli {
 
@@ -20,10 +22,20 @@ int dispatch_command(const CommandLine& line, commands::Context& context) {
     case CommandId::Speed: return speed(line.argument(), context);
     case CommandId::Volume: return volume(line.argument(), context);
     case CommandId::Me: return me(context);
+    case CommandId::Search: return search(line, context);
+    case CommandId::Lookup: return lookup(line, context);
+    case CommandId::Taste: return taste(line, context);
+    case CommandId::HistoryTop: return history_top(line, context);
+    case CommandId::HistoryRecent: return history_recent(line, context);
+    case CommandId::NowPlaying: return now_playing(line, context);
     case CommandId::DevicesList: return devices_list(line, context);
     case CommandId::DevicesTransfer: return devices_transfer(line.argument(), context);
     case CommandId::DevicesVolume: return devices_volume(line, context);
     case CommandId::DevicesInfo: return devices_info(line.argument(), context);
+    case CommandId::QueueList: return queue_list(line, context);
+    case CommandId::QueueAdd: return queue_add(line.argument(), context);
+    case CommandId::QueueRemove: return queue_remove(line, context);
+    case CommandId::QueueMove: return queue_move(line, context);
     default: return 1;
   }
 }

@@ -1,0 +1,127 @@
+// `queue [list]|add|remove|move` of the real CLI against the simulator.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "tests/support/process.hpp"
+#include "tests/support/sim_process.hpp"
+
+namespace orvanta::testing {
+namespace {
+
+struct Case {
+  std::vector<std::string> args;
+  std::string out;
+  std::string err;
+  int status;
+};
+
+std::string shown(const std::vector<std::string>& args) {
+  std::string text;
+  for (const auto& a : args) text += " [" + a + "]";
+  return text;
+}
+
+void expect_cases(const std::vector<Case>& cases) {
+  for (const Case& c : cases) {
+    ProcessResult r = run_cli(c.args);
+    EXPECT_EQ(r.out, c.out) << shown(c.args);
+    EXPECT_EQ(r.err, c.err) << shown(c.args);
+    EXPECT_EQ(r.status, c.status) << shown(c.args);
+  }
+}
+
+// The logged requests of the queue's own methods.
+std::vector<std::string> queue_requests(const SimProcess& sim) {
+  std::vector<std::string> own;
+  for (const std::string& r : sim.requests()) {
+    if (r.find(R"("method":"queue_)") != std::string::npos) own.push_back(r);
+  }
+  return own;
+}
+
+const std::string now_playing_line =
+    "Now playing: Harbour Lights -- Nimbus Ferry  [context]  orvanta:track:harbourlights\n";
+
+// The printed positions are the ones that remove and move take.
+TEST(QueueCommands, ListedPositionsAreTheOnesThatEditTakes) {
+  SimProcess sim;
+  expect_cases({
+      {{"queue"},
+       now_playing_line +
+           "\n"
+           "Up next:\n"
+           "  0. The Ferryman's Waltz -- Nimbus Ferry  [queue]  orvanta:track:ferrymanswaltz\n"
+           "  1. Neon Orchard -- Pella Moor  [queue]  orvanta:track:neonorchard\n"
+           "  2. Compass Rose -- Quiet Cartography  [queue]  orvanta:track:compassrose\n",
+       "", 0},
+      // Only the list honours JSON; the edits print the same text.
+      {{"queue", "add", "orvanta:episode:tinkerer7", "--format", "json"}, "Added to queue\n", "", 0},
+      {{"queue", "remove", "1", "--format", "json"}, "Removed from queue (3 remaining)\n", "", 0},
+      {{"queue", "move", "2", "0", "--format", "json"}, "Moved track from position 2 to 0\n", "", 0},
+      {{"queue", "list"},
+       now_playing_line +
+           "\n"
+           "Up next:\n"
+           "  0. Soldering at Midnight -- The Tinkerer's Desk  [queue]  orvanta:episode:tinkerer7\n"
+           "  1. The Ferryman's Waltz -- Nimbus Ferry  [queue]  orvanta:track:ferrymanswaltz\n"
+           "  2. Compass Rose -- Quiet Cartography  [queue]  orvanta:track:compassrose\n",
+       "", 0},
+  });
+  EXPECT_EQ(queue_requests(sim), (std::vector<std::string>{
+                                     R"({"method":"queue_list","params":{}})",
+                                     R"({"method":"queue_add","params":{"uri":"orvanta:episode:tinkerer7"}})",
+                                     R"({"method":"queue_remove","params":{"position":1}})",
+                                     R"({"method":"queue_move","params":{"from_position":2,"to_position":0}})",
+                                     R"({"method":"queue_list","params":{}})",
+                                 }));
+}
+
+TEST(QueueCommands, ListAsJsonKeepsUidsAndRevision) {
+  SimProcess sim;
+  expect_cases({{{"queue", "--format", "json"},
+                 R"({"currently_playing":{"uri":"orvanta:track:harbourlights","uid":"current","name":"Harbour Lights",)"
+                 R"("artist":"Nimbus Ferry","provider":"context"},"next_tracks":[)"
+                 R"({"uri":"orvanta:track:ferrymanswaltz","uid":"q1","name":"The Ferryman's Waltz",)"
+                 R"("artist":"Nimbus Ferry","provider":"queue"},)"
+                 R"({"uri":"orvanta:track:neonorchard","uid":"q2","name":"Neon Orchard",)"
+                 R"("artist":"Pella Moor","provider":"queue"},)"
+                 R"({"uri":"orvanta:track:compassrose","uid":"q3","name":"Compass Rose",)"
+                 R"("artist":"Quiet Cartography","provider":"queue"}],"revision":17})"
+                 "\n",
+                 "", 0}});
+}
+
+// Nothing playing and one uncredited track queued: no " -- ", and once it is
+// removed, "Queue is empty" follows without a blank line.
+TEST(QueueCommands, NothingPlayingAndEmptyQueue) {
+  const std::string path =
+      (std::filesystem::temp_directory_path() / ("orvanta_queue_state_" + std::to_string(::getpid()) + ".json"))
+          .string();
+  std::ofstream(path)
+      << R"({"account":{"user":{"username":"u1","display_name":"U","country":"SE","product":"premium","catalogue":"premium"}},)"
+         R"("tracks":[{"uri":"orvanta:track:solo","name":"Solo Piece"}],"queue":[{"uri":"orvanta:track:solo","uid":"q1"}]})";
+  SimProcess sim({"--state", path});
+  expect_cases({
+      {{"queue"}, "Nothing currently playing\n\nUp next:\n  0. Solo Piece  [queue]  orvanta:track:solo\n", "", 0},
+      {{"queue", "remove", "0"}, "Removed from queue (0 remaining)\n", "", 0},
+      {{"queue"}, "Nothing currently playing\nQueue is empty\n", "", 0},
+  });
+  std::filesystem::remove(path);
+}
+
+TEST(QueueCommands, FailuresAreOneLineOfText) {
+  SimProcess sim({"--fail", "queue_list=16", "--fail", "queue_add=2", "--fail", "queue_remove=8", "--fail",
+                  "queue_move=4"});
+  expect_cases({
+      {{"queue", "--format", "json"}, "", "Failed to get queue: not logged in\n", 1},
+      {{"queue", "add", "orvanta:track:x"}, "", "Failed to add to queue: bad request\n", 1},
+      {{"queue", "remove", "0"}, "", "Failed to remove from queue: playback restricted\n", 1},
+      {{"queue", "move", "0", "1"}, "", "Failed to move in queue: internal server error\n", 1},
+  });
+}
+
+}  // namespace
+}  // namespace orvanta::testing

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <cstdio>
 
 namespace orvanta::crash::test {
 namespace {
@@ -44,19 +43,6 @@ TEST(CrashReporterStart, EmptyUploadUrlDisablesUploadsWhileTheHandlerStarts) {
   EXPECT_EQ(reopened->settings()->client_id(), database->settings()->client_id());
   EXPECT_NE(reporter.handler_pid(), first);
   EXPECT_TRUE(wait_until_gone(first)) << "the replaced handler must end";
-}
-
-TEST(CrashReporterStart, FailsWithoutAWordWhenTheDataDirectoryCannotBeMade) {
-  TempDir dir;
-  std::string file = dir.path() + "/file";
-  std::fclose(std::fopen(file.c_str(), "w"));
-  auto config = config_below(dir);
-  config.data_dir = file + "/data";
-  ::testing::internal::CaptureStdout();
-  ::testing::internal::CaptureStderr();
-  EXPECT_FALSE(CrashReporter::instance().start(config));
-  EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
-  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
 }
 
 // The handler refuses options it does not know, so whether it starts shows

@@ -8,8 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -62,13 +64,7 @@ inline constexpr std::string_view hello_result = R"({"orvanta_app_version":"9.9.
 // given a LinkTest*) can reach it.
 class LinkTest : public ::testing::Test {
  public:
-  LinkTest()
-      : sink([this](const link::LogRecord& r) { log_lines.emplace_back(r.text); }),
-        client(std::make_unique<link::PartnerApiClient>("test-client", "Orvanta CLI", "1.2.93.667", context, nullptr,
-                                                        settings())) {
-    errors_connection = client->on_error(
-        [this](std::error_code ec, std::string operation) { errors.emplace_back(ec, std::move(operation)); });
-  }
+  LinkTest() : sink([this](const link::LogRecord& r) { log_lines.emplace_back(r.text); }) { make_client(); }
 
   ~LinkTest() override {
     client.reset();
@@ -81,9 +77,8 @@ class LinkTest : public ::testing::Test {
     }
   }
 
-  // Builds the client again with a shorter handshake limit.
-  void use_hello_limit(std::chrono::milliseconds limit) {
-    hello_limit = limit;
+  // Builds the client, again after a change of `hello_limit`.
+  void make_client() {
     client = std::make_unique<link::PartnerApiClient>("test-client", "Orvanta CLI", "1.2.93.667", context, nullptr,
                                                       settings());
     errors_connection = client->on_error(
@@ -125,18 +120,47 @@ class LinkTest : public ::testing::Test {
 
   void drive(const std::function<bool()>& done) { EXPECT_TRUE(drive_until(context, done)); }
 
+  // The peer reads the next request into `seen` and answers it with
+  // `reply(id)`.
+  void respond(std::function<std::string(const std::string&)> reply) {
+    serve([](LinkTest* t, std::function<std::string(const std::string&)> r) -> asio::awaitable<void> {
+      auto request = co_await t->next_request();
+      t->seen.push_back(request);
+      co_await t->peer.write_frame(r(request.id));
+    }(this, std::move(reply)));
+  }
+  void respond_result(std::string result) {
+    respond([result](const std::string& id) { return result_reply(id, result); });
+  }
+
+  // The peer writes `frames` unasked, and the loop runs until they are out.
+  void push(std::vector<std::string> frames) {
+    serve([](LinkTest* t, std::vector<std::string> texts) -> asio::awaitable<void> {
+      for (auto& text : texts) co_await t->peer.write_frame(std::move(text));
+    }(this, std::move(frames)));
+    drive([this] { return peer_done; });
+  }
+
+  bool logged(std::string_view line) const {
+    return std::find(log_lines.begin(), log_lines.end(), line) != log_lines.end();
+  }
+
   asio::awaitable<PeerRequest> next_request() {
     auto text = co_await peer.read_frame();
     co_return parse_request(std::move(text));
   }
 
-  // Accepts the client, answers its hello with `hello_answer` and its
-  // login-state subscription with `{}`.
-  asio::awaitable<void> handshake(std::string hello_answer) {
+  // Accepts the client and answers its hello with the result `answer`.
+  asio::awaitable<void> answer_hello(std::string answer) {
     co_await peer.accept();
     auto hello = co_await next_request();
     hello_request = hello;
-    co_await peer.write_frame(result_reply(hello.id, hello_answer));
+    co_await peer.write_frame(result_reply(hello.id, answer));
+  }
+
+  // Then answers the login-state subscription with `{}`.
+  asio::awaitable<void> handshake(std::string hello_answer) {
+    co_await answer_hello(std::move(hello_answer));
     auto subscription = co_await next_request();
     login_subscription = subscription;
     co_await peer.write_frame(result_reply(subscription.id, "{}"));
@@ -162,6 +186,7 @@ class LinkTest : public ::testing::Test {
   std::exception_ptr peer_failure;
   std::optional<PeerRequest> hello_request;
   std::optional<PeerRequest> login_subscription;
+  std::vector<PeerRequest> seen;
 };
 
 }  // namespace orvanta::testing

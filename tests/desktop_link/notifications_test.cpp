@@ -28,9 +28,7 @@ class Notifications : public LinkTest {
   void deliver(std::vector<std::string> texts) {
     texts.push_back(notification("connect_active_device_subscription",
                                  R"({"active_device_id":"sentinel","is_local":false})"));
-    serve([](LinkTest* t, std::vector<std::string> frames) -> asio::awaitable<void> {
-      for (auto& text : frames) co_await t->peer.write_frame(std::move(text));
-    }(this, std::move(texts)));
+    push(std::move(texts));
     drive([this] { return !devices.empty() && devices.back() == "sentinel"; });
   }
 
@@ -104,13 +102,10 @@ TEST_F(Notifications, StreamsEmitDecodedRecords) {
 // Frames that can't be read as messages cost a log line and an error each,
 // and the connection stays.
 TEST_F(Notifications, StrayBytesAndBadTextsDoNotEndTheConnection) {
-  serve([](LinkTest* t) -> asio::awaitable<void> {
-    co_await t->peer.write_raw("x");
-    co_await t->peer.write_frame("{not json");
-    co_await t->peer.write_frame(R"({"jsonrpc":"2.0","result":{}})");
-  }(this));
+  serve(peer.write_raw("x"));
   drive([this] { return peer_done; });
-  deliver({notification("login_state_subscription", R"({"logged_in":false})")});
+  deliver({"{not json", R"({"jsonrpc":"2.0","result":{}})",
+           notification("login_state_subscription", R"({"logged_in":false})")});
   EXPECT_EQ(client->connection_state(), orvanta::link::state_connected);
   const std::string bad = std::make_error_code(std::errc::bad_message).message();
   EXPECT_EQ(log_lines, (std::vector<std::string>{

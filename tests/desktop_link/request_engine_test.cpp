@@ -18,27 +18,16 @@ using orvanta::link::DesktopApiError;
 using orvanta::testing::error_reply;
 using orvanta::testing::LinkTest;
 using orvanta::testing::notification;
-using orvanta::testing::PeerRequest;
 using orvanta::testing::result_reply;
 
 using Requests = LinkTest;
 
-// Reads one request into `seen` and answers it with `reply(id)`.
-asio::awaitable<void> answer(LinkTest* t, std::vector<PeerRequest>* seen, std::string (*reply)(const std::string&)) {
-  auto request = co_await t->next_request();
-  seen->push_back(request);
-  co_await t->peer.write_frame(reply(request.id));
-}
-
 TEST_F(Requests, BytesOfARequest) {
   connect_client();
-  std::vector<PeerRequest> seen;
-  serve(answer(this, &seen, [](const std::string& id) { return result_reply(id, "{}"); }));
-  std::error_code paused = await(client->playback_pause());
-  EXPECT_EQ(paused.value(), 0);
-  serve(answer(this, &seen, [](const std::string& id) { return result_reply(id, "{}"); }));
-  std::error_code sought = await(client->playback_seek({-10000, true}));
-  EXPECT_EQ(sought.value(), 0);
+  respond_result("{}");
+  EXPECT_EQ(await(client->playback_pause()).error().value(), 0);
+  respond_result("{}");
+  EXPECT_EQ(await(client->playback_seek({-10000, true})).error().value(), 0);
 
   ASSERT_EQ(seen.size(), 2u);
   EXPECT_EQ(seen[0].text, R"({"jsonrpc":"2.0","method":"playback_pause","params":{},"id":")" + seen[0].id + R"("})");
@@ -48,55 +37,83 @@ TEST_F(Requests, BytesOfARequest) {
   EXPECT_NE(seen[0].id, seen[1].id);
 }
 
+// Keys the record doesn't know are skipped, at any depth.
 TEST_F(Requests, ResultIsDecodedWithTheMethodsRecord) {
   connect_client();
-  std::vector<PeerRequest> seen;
-  serve(answer(this, &seen, [](const std::string& id) {
-    return result_reply(id, R"({"hash":"h","salt":"s","unknown":[1,{"x":2}]})");
-  }));
+  respond_result(R"({"hash":"h","salt":"s","unknown":[1,{"x":2}]})");
   auto hash = await(client->get_username_hash());
   ASSERT_TRUE(hash.has_value()) << hash.error().message();
   EXPECT_EQ(hash->hash, "h");
   EXPECT_EQ(hash->salt, "s");
+  respond_result(R"({"extra":{"deep":[true]}})");
+  EXPECT_EQ(std::error_code(await(client->show_toast({}))).value(), 0);
 }
 
-// The reply must carry our id byte for byte; a stray reply is consumed and
-// fails the request, and the next request is not disturbed by it.
-TEST_F(Requests, WrongIdFailsAndIsConsumed) {
-  connect_client();
-  std::vector<PeerRequest> seen;
-  std::string upper_id;
-  serve([](LinkTest* t, std::string* upper) -> asio::awaitable<void> {
-    auto request = co_await t->next_request();
-    *upper = request.id;
-    std::transform(upper->begin(), upper->end(), upper->begin(), [](unsigned char c) { return std::toupper(c); });
-    co_await t->peer.write_frame(result_reply(*upper, "{}"));
-  }(this, &upper_id));
-  std::error_code first = await(client->playback_pause());
-  EXPECT_EQ(first, DesktopApiError::client_unknown_error);
-  EXPECT_EQ(first.message(), "client unknown error");
-  ASSERT_EQ(log_lines.size(), 1u);
-  EXPECT_EQ(log_lines[0].rfind("Partner API - Wrong ID, Response ID: " + upper_id + ", Expected ID: ", 0), 0u);
-
-  serve(answer(this, &seen, [](const std::string& id) { return result_reply(id, "{}"); }));
-  std::error_code second = await(client->playback_resume());
-  EXPECT_EQ(second.value(), 0);
+std::string upper(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::toupper(c); });
+  return text;
 }
 
-TEST_F(Requests, ErrorReplyWithAnyIdEndsTheRequest) {
+// A reply that arrives with nobody waiting stays queued and fails the
+// request that comes next. The id must match byte for byte. Either way the
+// stray reply is consumed, and the request after it is not disturbed.
+TEST_F(Requests, WrongIdsFailOneRequestEach) {
   connect_client();
-  std::vector<PeerRequest> seen;
-  serve(answer(this, &seen, [](const std::string& id) { return error_reply(id, 8, "desktop_api"); }));
-  std::error_code own = await(client->playback_pause());
-  EXPECT_EQ(own.message(), "playback restricted");
+  push({result_reply("early", "{}")});
+  serve([](LinkTest* t) -> asio::awaitable<void> {
+    auto unanswered = co_await t->next_request();
+    t->seen.push_back(unanswered);
+  }(this));
+  EXPECT_EQ(std::error_code(await(client->playback_pause())), DesktopApiError::client_unknown_error);
+  respond([](const std::string& id) { return result_reply(upper(id), "{}"); });
+  const std::error_code second = await(client->playback_pause());
+  EXPECT_EQ(second, DesktopApiError::client_unknown_error);
+  EXPECT_EQ(second.message(), "client unknown error");
+  respond_result("{}");
+  EXPECT_EQ(std::error_code(await(client->playback_pause())).value(), 0);
+  ASSERT_EQ(seen.size(), 3u);
+  EXPECT_EQ(log_lines, (std::vector<std::string>{
+                           "Partner API - Wrong ID, Response ID: early, Expected ID: " + seen[0].id,
+                           "Partner API - Wrong ID, Response ID: " + upper(seen[1].id) + ", Expected ID: " + seen[1].id,
+                       }));
+}
 
-  serve(answer(this, &seen, [](const std::string&) { return error_reply("unrelated", 10, "desktop_api"); }));
-  std::error_code unrelated = await(client->playback_pause());
-  EXPECT_EQ(unrelated.message(), "remote playback not allowed");
-  EXPECT_EQ(log_lines, (std::vector<std::string>{"Partner API - Error in response: peer says no",
-                                                 "Partner API - Error in response: peer says no"}));
-  ASSERT_EQ(errors.size(), 2u);
-  EXPECT_EQ(errors[1].second, "playback_pause");
+// Any error reply ends the waiting request, whatever its id. A failure
+// source keeps its own category on the wire and is folded only at the edge
+// of the operation; `cancelled` of desktop_api is no news.
+TEST_F(Requests, ErrorReplies) {
+  connect_client();
+  const std::error_code restricted = DesktopApiError::playback_restricted;
+  const std::error_code source_7 = orvanta::link::FailureSource::remote_playback_not_allowed;
+  const std::error_code source_9 = orvanta::link::FailureSource::cancelled;
+  const std::error_code connection_failed = DesktopApiError::client_connection_failed;
+  const struct {
+    const char* id;  // the request's own when null
+    int code;
+    const char* category;
+    DesktopApiError result;
+    std::optional<std::error_code> published;
+  } rows[] = {
+      {nullptr, 8, "desktop_api", DesktopApiError::playback_restricted, restricted},
+      {"unrelated", 10, "desktop_api", DesktopApiError::remote_playback_not_allowed, std::nullopt},
+      {nullptr, 7, "desktop_api_failure_source", DesktopApiError::client_unknown_error, source_7},
+      {nullptr, 9, "desktop_api_failure_source", DesktopApiError::cancelled, source_9},
+      {nullptr, 7, "desktop_api", DesktopApiError::cancelled, std::nullopt},
+      {nullptr, 7, "DESKTOP_API", DesktopApiError::client_connection_failed, connection_failed},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.category) + " " + std::to_string(row.code));
+    errors.clear();
+    log_lines.clear();
+    respond([&row](const std::string& id) { return error_reply(row.id ? row.id : id, row.code, row.category); });
+    EXPECT_EQ(std::error_code(await(client->playback_pause())), row.result);
+    EXPECT_EQ(log_lines, (std::vector<std::string>{"Partner API - Error in response: peer says no"}));
+    if (row.published) {
+      ASSERT_EQ(errors.size(), 1u);
+      EXPECT_EQ(errors[0].first, *row.published);
+      EXPECT_EQ(errors[0].second, "playback_pause");
+    }
+  }
 }
 
 // An error without an id can't be claimed by a request: it goes to the
@@ -108,118 +125,42 @@ TEST_F(Requests, ErrorWithoutIdNeverReachesTheWaitingRequest) {
     co_await t->peer.write_frame(R"({"jsonrpc":"2.0","error":{"code":4,"category":"desktop_api","message":"bare"}})");
     co_await t->peer.write_frame(result_reply(request.id, "{}"));
   }(this));
-  std::error_code paused = await(client->playback_pause());
-  EXPECT_EQ(paused.value(), 0);
+  EXPECT_EQ(await(client->playback_pause()).error().value(), 0);
   EXPECT_EQ(log_lines, (std::vector<std::string>{"Partner API - Error without ID received: bare"}));
   ASSERT_EQ(errors.size(), 1u);
   EXPECT_EQ(errors[0].first, DesktopApiError::internal_server_error);
   EXPECT_EQ(errors[0].second, "connection");
 }
 
-// A failure source keeps its own category on the wire and is folded only at
-// the edge of the operation; `cancelled` of desktop_api is no news.
-TEST_F(Requests, FailureSourcesAreFoldedAndCancelledIsNotPublished) {
-  connect_client();
-  std::vector<PeerRequest> seen;
-  serve(answer(this, &seen, [](const std::string& id) { return error_reply(id, 7, "desktop_api_failure_source"); }));
-  EXPECT_EQ(std::error_code(await(client->playback_pause())), DesktopApiError::client_unknown_error);
-  serve(answer(this, &seen, [](const std::string& id) { return error_reply(id, 9, "desktop_api_failure_source"); }));
-  EXPECT_EQ(std::error_code(await(client->playback_pause())), DesktopApiError::cancelled);
-  serve(answer(this, &seen, [](const std::string& id) { return error_reply(id, 7, "desktop_api"); }));
-  EXPECT_EQ(std::error_code(await(client->playback_pause())), DesktopApiError::cancelled);
-  serve(answer(this, &seen, [](const std::string& id) { return error_reply(id, 7, "DESKTOP_API"); }));
-  EXPECT_EQ(std::error_code(await(client->playback_pause())), DesktopApiError::client_connection_failed);
-
-  ASSERT_EQ(errors.size(), 3u);
-  EXPECT_EQ(errors[0].first.category().name(), std::string("desktop_api_failure_source"));
-  EXPECT_EQ(errors[1].first.category().name(), std::string("desktop_api_failure_source"));
-  EXPECT_EQ(errors[2].first, DesktopApiError::client_connection_failed);
-}
-
+// An empty result takes any object but not null; a record's required field
+// missing is the same failure.
 TEST_F(Requests, UndecodableResultIsBadMessage) {
   connect_client();
-  std::vector<PeerRequest> seen;
+  const auto bad = std::make_error_code(std::errc::bad_message);
   for (const char* result : {"[]", "null"}) {
     log_lines.clear();
     errors.clear();
-    serve([](LinkTest* t, std::string body) -> asio::awaitable<void> {
-      auto request = co_await t->next_request();
-      co_await t->peer.write_frame(result_reply(request.id, body));
-    }(this, result));
-    std::error_code paused = await(client->playback_pause());
-    EXPECT_EQ(paused.message(), "client unknown error") << result;
-    const auto bad = std::make_error_code(std::errc::bad_message);
+    respond_result(result);
+    EXPECT_EQ(await(client->playback_pause()).error(), DesktopApiError::client_unknown_error) << result;
     EXPECT_EQ(log_lines, (std::vector<std::string>{"Partner API - Failed to decode response: " + bad.message()}));
     ASSERT_EQ(errors.size(), 1u);
     EXPECT_EQ(errors[0].first, bad);
     EXPECT_EQ(errors[0].second, "playback_pause");
   }
-  // A required field missing from a record is the same failure.
-  serve(answer(this, &seen, [](const std::string& id) { return result_reply(id, R"({"hash":"h"})"); }));
-  auto hash = await(client->get_username_hash());
-  EXPECT_FALSE(hash.has_value());
-  EXPECT_EQ(hash.error(), DesktopApiError::client_unknown_error);
+  respond_result(R"({"hash":"h"})");
+  EXPECT_EQ(await(client->get_username_hash()).error(), DesktopApiError::client_unknown_error);
 }
 
-TEST_F(Requests, EmptyResponseTakesAnyObject) {
-  connect_client();
-  std::vector<PeerRequest> seen;
-  serve(answer(this, &seen, [](const std::string& id) { return result_reply(id, R"({"extra":{"deep":[true]}})"); }));
-  EXPECT_EQ(std::error_code(await(client->show_toast({}))).value(), 0);
-}
-
-// Replies that arrive with nobody waiting stay queued; each then fails the
-// request that comes next.
-TEST_F(Requests, RepliesWithNobodyWaitingFailTheNextRequests) {
-  connect_client();
-  serve([](LinkTest* t) -> asio::awaitable<void> {
-    co_await t->peer.write_frame(result_reply("early-1", "{}"));
-    co_await t->peer.write_frame(result_reply("early-2", "{}"));
-    co_await t->peer.write_frame(notification("sentinel", "{}"));
-  }(this));
-  drive([this] { return peer_done; });
-  std::vector<PeerRequest> seen;
-  serve([](LinkTest* t, std::vector<PeerRequest>* s) -> asio::awaitable<void> {
-    for (int i = 0; i < 3; ++i) {
-      auto request = co_await t->next_request();
-      s->push_back(request);
-      if (i == 2) co_await t->peer.write_frame(result_reply(request.id, "{}"));
-    }
-  }(this, &seen));
-  EXPECT_EQ(std::error_code(await(client->playback_pause())), DesktopApiError::client_unknown_error);
-  EXPECT_EQ(std::error_code(await(client->playback_pause())), DesktopApiError::client_unknown_error);
-  EXPECT_EQ(std::error_code(await(client->playback_pause())).value(), 0);
-  ASSERT_EQ(log_lines.size(), 2u);
-  EXPECT_EQ(log_lines[0].rfind("Partner API - Wrong ID, Response ID: early-1, Expected ID: ", 0), 0u);
-  EXPECT_EQ(log_lines[1].rfind("Partner API - Wrong ID, Response ID: early-2, Expected ID: ", 0), 0u);
-}
-
-// A notification that also carries an id is a notification.
-TEST_F(Requests, NotificationWithAnIdNeverCompletesARequest) {
-  connect_client();
-  serve([](LinkTest* t) -> asio::awaitable<void> {
-    auto request = co_await t->next_request();
-    co_await t->peer.write_frame(R"({"jsonrpc":"2.0","method":"other","id":")" + request.id + R"(","result":{}})");
-    co_await t->peer.write_frame(result_reply(request.id, R"({"enabled":true})"));
-  }(this));
-  auto policy = await(client->tk_message_auth_policy());
-  ASSERT_TRUE(policy.has_value());
-  EXPECT_TRUE(policy->enabled);
-}
-
-TEST_F(Requests, NotConnectedSendsNothing) {
-  std::error_code paused = await(client->playback_pause());
-  EXPECT_EQ(paused, DesktopApiError::client_not_connected);
-  EXPECT_EQ(paused.message(), "client not connected");
-  auto me = await(client->me());
-  EXPECT_EQ(me.error(), DesktopApiError::client_not_connected);
+// Never connected, or connected once and down again: nothing is sent, and a
+// disconnect of a disconnected client is quiet.
+TEST_F(Requests, DisconnectedClientSendsNothing) {
+  const std::error_code never = await(client->playback_pause());
+  EXPECT_EQ(never, DesktopApiError::client_not_connected);
+  EXPECT_EQ(never.message(), "client not connected");
+  client->disconnect();
   EXPECT_TRUE(errors.empty());
   EXPECT_TRUE(log_lines.empty());
-}
 
-// Connected once, then down again: the peer reads the end of the stream and
-// not one byte of the request.
-TEST_F(Requests, DisconnectedClientSendsNothing) {
   connect_client();
   std::optional<std::error_code> peer_read;
   serve([](LinkTest* t, std::optional<std::error_code>* read) -> asio::awaitable<void> {
@@ -230,8 +171,7 @@ TEST_F(Requests, DisconnectedClientSendsNothing) {
     *read = ec;
   }(this, &peer_read));
   client->disconnect();
-  std::error_code paused = await(client->playback_pause());
-  EXPECT_EQ(paused, DesktopApiError::client_not_connected);
+  EXPECT_EQ(await(client->me()).error(), DesktopApiError::client_not_connected);
   drive([&] { return peer_read.has_value(); });
   EXPECT_EQ(*peer_read, asio::error::eof);
 }
@@ -250,10 +190,8 @@ TEST_F(Requests, ConnectionLostDuringTheWait) {
   ASSERT_FALSE(errors.empty());
   EXPECT_EQ(errors.back().first, asio::error::operation_aborted);
   EXPECT_EQ(errors.back().second, "playback_pause");
-
   // Afterwards the link is down and says so.
-  std::error_code again = await(client->playback_pause());
-  EXPECT_EQ(again, DesktopApiError::client_not_connected);
+  EXPECT_EQ(await(client->playback_pause()).error(), DesktopApiError::client_not_connected);
 }
 
 }  // namespace

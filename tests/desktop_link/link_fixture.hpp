@@ -150,11 +150,12 @@ class LinkTest : public ::testing::Test {
     co_return parse_request(std::move(text));
   }
 
-  // Accepts the client and answers its hello with the result `answer`.
+  // Accepts the client and answers its hello with the result `answer`. The
+  // handshake's requests are kept in `seen` too.
   asio::awaitable<void> answer_hello(std::string answer) {
     co_await peer.accept();
     auto hello = co_await next_request();
-    hello_request = hello;
+    seen.push_back(hello);
     co_await peer.write_frame(result_reply(hello.id, answer));
   }
 
@@ -162,7 +163,7 @@ class LinkTest : public ::testing::Test {
   asio::awaitable<void> handshake(std::string hello_answer) {
     co_await answer_hello(std::move(hello_answer));
     auto subscription = co_await next_request();
-    login_subscription = subscription;
+    seen.push_back(subscription);
     co_await peer.write_frame(result_reply(subscription.id, "{}"));
   }
 
@@ -172,6 +173,7 @@ class LinkTest : public ::testing::Test {
     drive([this] { return peer_done; });
     ASSERT_EQ(client->connection_state(), link::state_connected);
     log_lines.clear();
+    seen.clear();
   }
 
   std::chrono::milliseconds hello_limit{1000};
@@ -184,9 +186,7 @@ class LinkTest : public ::testing::Test {
   link::ScopedConnection errors_connection;
   bool peer_done = false;
   std::exception_ptr peer_failure;
-  std::optional<PeerRequest> hello_request;
-  std::optional<PeerRequest> login_subscription;
-  std::vector<PeerRequest> seen;
+  std::vector<PeerRequest> seen;  // the requests the peer read, in order
 };
 
 }  // namespace orvanta::testing

@@ -92,7 +92,6 @@ TEST_F(RecogniseTest, HelpTopicAndSubtopic) {
     Words words;
     std::string topic, subtopic;
   } cases[] = {
-      {{"-h"}, "", ""},
       {{"--help", "search"}, "", ""},
       {{"history", "--help"}, "history", ""},
       {{"history", "top", "--help"}, "history", "top"},
@@ -167,7 +166,6 @@ TEST_F(RecogniseTest, UriWalkStopsCollectingAtTheFirstFlag) {
   const std::pair<Words, Texts> cases[] = {
       {{"lookup", "orvanta:a", "orvanta:b", "--fields", "name"}, {"orvanta:a", "orvanta:b"}},
       {{"lookup", "orvanta:a", "--format", "json", "orvanta:b"}, {"orvanta:a"}},
-      {{"library", "remove", "orvanta:a"}, {"orvanta:a"}},
       {{"folder", "move", "orvanta:folder:f", "--to", "root"}, {"orvanta:folder:f"}},
       {{"playlist", "add", "orvanta:p", "orvanta:t1", "orvanta:t2"}, {"orvanta:t1", "orvanta:t2"}},
   };

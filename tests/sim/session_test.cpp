@@ -17,6 +17,7 @@
 
 #include "sim/fixture.hpp"
 #include "sim/server.hpp"
+#include "tests/support/loopback_peer.hpp"
 
 namespace orvanta::sim {
 namespace {
@@ -29,20 +30,15 @@ std::string request(std::string_view method, std::string_view params, std::strin
          R"(,"id":")" + std::string(id) + R"("})";
 }
 
-// A blocking client that frames by hand, independently of the link's code.
+// A blocking client that frames by hand, independently of the link's code
+// (as the link tests' fake desktop client does).
 class Client {
  public:
   explicit Client(std::uint16_t port) : socket_(context_) {
     socket_.connect(asio::ip::tcp::endpoint(asio::ip::make_address_v4("127.0.0.1"), port));
   }
 
-  void send(const std::string& payload) {
-    std::string bytes(5, '\0');
-    bytes[0] = '\x1d';
-    const auto length = static_cast<std::uint32_t>(payload.size());
-    std::memcpy(bytes.data() + 1, &length, 4);
-    asio::write(socket_, asio::buffer(bytes + payload));
-  }
+  void send(const std::string& payload) { asio::write(socket_, asio::buffer(orvanta::testing::frame(payload))); }
 
   std::string raw(std::size_t n) {
     std::string bytes(n, '\0');

@@ -84,8 +84,8 @@ TEST_F(Connection, SilentHandshakeIsCutOff) {
   for (bool promise_completion : {false, true}) {
     SCOPED_TRACE(promise_completion);
     log_lines.clear();
-    bool peer_saw_close = false;
-    serve([](LinkTest* t, bool completion, bool* saw_close) -> asio::awaitable<void> {
+    peer_closed_with.reset();
+    serve([](LinkTest* t, bool completion) -> asio::awaitable<void> {
       if (completion) {
         co_await t->answer_hello(R"({"orvanta_app_version":"1","sends_complete_notification":true})");
       } else {
@@ -93,16 +93,11 @@ TEST_F(Connection, SilentHandshakeIsCutOff) {
         auto hello = co_await t->next_request();
         static_cast<void>(hello);
       }
-      try {
-        auto more = co_await t->peer.read_frame();
-        static_cast<void>(more);
-      } catch (const std::system_error&) {
-        *saw_close = true;
-      }
-    }(this, promise_completion, &peer_saw_close));
+      co_await t->await_close();
+    }(this, promise_completion));
     EXPECT_EQ(await(client->connect()), DesktopApiError::client_connection_failed);
     drive([&] { return peer_done; });
-    EXPECT_TRUE(peer_saw_close);
+    EXPECT_TRUE(peer_closed_with.has_value());
     EXPECT_EQ(client->connection_state(), orvanta::link::state_disconnected);
     EXPECT_TRUE(logged("Partner API - Auth handshake timed out, disconnecting"));
   }
@@ -167,20 +162,12 @@ TEST_F(Connection, EofDropsStateAndLogin) {
 
 TEST_F(Connection, DisconnectClosesTheSocketAndSendsNothingMore) {
   connect_client();
-  bool peer_saw_close = false;
-  serve([](LinkTest* t, bool* saw_close) -> asio::awaitable<void> {
-    try {
-      auto more = co_await t->peer.read_frame();
-      static_cast<void>(more);
-    } catch (const std::system_error& e) {
-      *saw_close = e.code() == asio::error::eof;
-    }
-  }(this, &peer_saw_close));
+  serve(await_close());
   client->disconnect();
   // Down again: the peer reads the end of the stream and no request.
   EXPECT_EQ(await(client->me()).error(), DesktopApiError::client_not_connected);
   drive([this] { return peer_done; });
-  EXPECT_TRUE(peer_saw_close);
+  EXPECT_EQ(peer_closed_with, asio::error::eof);
   // The reader and the pump each say once why they stopped.
   const std::string aborted = asio::error::make_error_code(asio::error::operation_aborted).message();
   EXPECT_EQ(log_lines, (std::vector<std::string>{

@@ -150,6 +150,17 @@ class LinkTest : public ::testing::Test {
     co_return parse_request(std::move(text));
   }
 
+  // Reads until the client closes the connection, and keeps how the read
+  // ended; a frame read instead is a failure of the test.
+  asio::awaitable<void> await_close() {
+    try {
+      auto unexpected = co_await peer.read_frame();
+      ADD_FAILURE() << "peer read a frame: " << unexpected;
+    } catch (const std::system_error& e) {
+      peer_closed_with = e.code();
+    }
+  }
+
   // Accepts the client and answers its hello with the result `answer`. The
   // handshake's requests are kept in `seen` too.
   asio::awaitable<void> answer_hello(std::string answer) {
@@ -186,6 +197,7 @@ class LinkTest : public ::testing::Test {
   link::ScopedConnection errors_connection;
   bool peer_done = false;
   std::exception_ptr peer_failure;
+  std::optional<std::error_code> peer_closed_with;
   std::vector<PeerRequest> seen;  // the requests the peer read, in order
 };
 

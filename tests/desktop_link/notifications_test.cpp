@@ -40,24 +40,21 @@ class Notifications : public LinkTest {
   orvanta::link::ScopedConnection ble_connection;
 };
 
-// The login row stores and emits every value, also a repeated one.
-TEST_F(Notifications, LoginStateIsStoredAndEmittedEachTime) {
+// The login row stores and emits every value, also a repeated one; only the
+// BLE row filters unchanged values.
+TEST_F(Notifications, LoginStateIsEmittedEachTimeBleStateOnChange) {
   deliver({notification("login_state_subscription", R"({"logged_in":true})"),
-           notification("login_state_subscription", R"({"logged_in":true})")});
-  EXPECT_EQ(logins, (std::vector<bool>{true, true}));
-  EXPECT_TRUE(client->logged_in());
-  EXPECT_EQ(log_lines, (std::vector<std::string>{"PartnerApiClient - Login state changed: true",
-                                                 "PartnerApiClient - Login state changed: true"}));
-}
-
-// Only the BLE row filters unchanged values.
-TEST_F(Notifications, BleStateIsFilteredForUnchangedValues) {
-  deliver({notification("ble_state_subscription", R"({"broadcasting":false})"),
+           notification("login_state_subscription", R"({"logged_in":true})"),
+           notification("ble_state_subscription", R"({"broadcasting":false})"),
            notification("ble_state_subscription", R"({"broadcasting":true})"),
            notification("ble_state_subscription", R"({"broadcasting":true})")});
+  EXPECT_EQ(logins, (std::vector<bool>{true, true}));
+  EXPECT_TRUE(client->logged_in());
   EXPECT_EQ(ble, (std::vector<bool>{true}));
   EXPECT_TRUE(client->broadcasting());
-  EXPECT_EQ(log_lines, (std::vector<std::string>{"PartnerApiClient - BLE broadcasting state changed: true"}));
+  EXPECT_EQ(log_lines, (std::vector<std::string>{"PartnerApiClient - Login state changed: true",
+                                                 "PartnerApiClient - Login state changed: true",
+                                                 "PartnerApiClient - BLE broadcasting state changed: true"}));
 }
 
 TEST_F(Notifications, UndecodableStateIsLoggedAndPublished) {

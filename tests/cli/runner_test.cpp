@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <ios>
 #include <mutex>
 #include <stdexcept>
 #include <string>
@@ -133,6 +134,11 @@ TEST(CommandRunner, WhatAnOperationThrowsBecomesOneLineAndTheStatus) {
     int status;
   } rows[] = {
       {[&] { throw refused; }, "Error: " + std::string(refused.what()) + "\n", 7},
+      // A subclass is caught at the same level.
+      {[&] { throw std::ios_base::failure("stream", std::error_code(5, std::generic_category())); },
+       "Error: " + std::string(std::ios_base::failure("stream", std::error_code(5, std::generic_category())).what()) +
+           "\n",
+       5},
       {[] { throw std::runtime_error("out of luck"); }, "Error: out of luck\n", 1},
       {[] { throw 42; }, "Error: unknown exception\n", 1},
   };

@@ -12,6 +12,7 @@
 // context.stop(); the members then go in reverse order: the client, the
 // launcher, the thread (stopped and joined), the context.
 
+#include <chrono>
 #include <exception>
 #include <functional>
 #include <future>
@@ -82,9 +83,23 @@ asio::awaitable<Outcome<T>> settle(asio::awaitable<T> operation) {
   co_return outcome;
 }
 
+// A local peer answers most requests within tens of microseconds, and a
+// thread put to sleep on the future may take as long again to be woken, so
+// the caller watches the future for a short while before it blocks. The
+// bound keeps a slow operation from costing more than a moment of CPU.
+inline constexpr auto spin_before_blocking = std::chrono::microseconds(100);
+
+template <class T>
+void spin_until_ready(const std::future<T>& done) {
+  const auto until = std::chrono::steady_clock::now() + spin_before_blocking;
+  while (done.wait_for(std::chrono::seconds(0)) != std::future_status::ready &&
+         std::chrono::steady_clock::now() < until) {
+  }
+}
+
 }  // namespace detail
 
-// Spawns `operation` on `context` and blocks until it has finished; returns
+// Spawns `operation` on `context` and waits until it has finished; returns
 // its value or rethrows its exception on the calling thread. Must not be
 // called on the thread that runs `context`.
 //
@@ -98,6 +113,7 @@ T run_and_wait(asio::io_context& context, asio::awaitable<T> operation) {
   // of its own for that.
   std::future<detail::Outcome<T>> done =
       asio::co_spawn(context, detail::settle(std::move(operation)), asio::bind_executor(context, asio::use_future));
+  detail::spin_until_ready(done);
   detail::Outcome<T> outcome = done.get();
   if (outcome.failure) std::rethrow_exception(std::move(outcome.failure));
   if constexpr (!std::is_void_v<T>) return std::move(*outcome.value);

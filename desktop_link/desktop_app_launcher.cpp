@@ -37,15 +37,20 @@ std::string SystemAppLauncher::find_app_bundle() const {
   return {};
 }
 
+bool is_app_name(std::string_view name) { return lower_case(name) == lower_case(kAppName); }
+
 bool is_app_process(const std::vector<platform::RunningProcess>& processes) {
-  const std::string wanted = lower_case(kAppName);
   for (const auto& process : processes) {
-    if (lower_case(process.name) == wanted) return process.pid != 0;
+    if (is_app_name(process.name)) return process.pid != 0;
   }
   return false;
 }
 
-bool SystemAppLauncher::is_running() { return is_app_process(platform::running_processes()); }
+bool SystemAppLauncher::is_running() {
+  // Stops at the first match rather than listing every process first.
+  auto process = platform::find_process([](const platform::RunningProcess& p) { return is_app_name(p.name); });
+  return process && process->pid != 0;
+}
 
 bool SystemAppLauncher::is_installed() {
   std::string bundle = find_app_bundle();

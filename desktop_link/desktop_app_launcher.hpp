@@ -11,6 +11,10 @@ namespace orvanta::link {
 inline constexpr std::string_view kAppName = "Orvanta";
 inline constexpr std::string_view kAppBundleName = "Orvanta.app";
 
+// Whether `name` is the application's process name: "orvanta" in any letter
+// case, the whole name.
+bool is_app_name(std::string_view name);
+
 // Whether the first process named "orvanta", in any letter case, has a pid
 // other than 0; false when there is none. A longer name does not count.
 bool is_app_process(const std::vector<platform::RunningProcess>& processes);

@@ -5,7 +5,9 @@
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
-#include <fstream>
+#include <climits>
+#include <cstdio>
+#include <string_view>
 #include <unistd.h>
 #include <sys/wait.h>
 
@@ -35,30 +37,48 @@ bool all_digits(const char* text) {
 
 }  // namespace
 
-std::vector<RunningProcess> running_processes() {
-  std::vector<RunningProcess> processes;
+std::optional<RunningProcess> find_process(const std::function<bool(const RunningProcess&)>& wanted) {
   DIR* proc = ::opendir("/proc");
-  if (proc == nullptr) return processes;
+  if (proc == nullptr) return std::nullopt;
+  std::optional<RunningProcess> found;
   while (const dirent* entry = ::readdir(proc)) {
     if (!all_digits(entry->d_name)) continue;
-    // "pid (name) state ...": the name may itself hold blanks and brackets,
-    // so it runs to the last ')'.
-    std::ifstream stat(std::string("/proc/") + entry->d_name + "/stat");
-    std::string line;
-    if (!std::getline(stat, line)) continue;
-    auto open = line.find('(');
-    auto close = line.rfind(')');
-    if (open == std::string::npos || close == std::string::npos || close < open || close + 2 >= line.size()) continue;
+    // "pid (name) state ...": the name (at most 15 bytes) may itself hold
+    // blanks and brackets, so it runs to the last ')'.
+    char path[NAME_MAX + 8];
+    std::snprintf(path, sizeof path, "%s/stat", entry->d_name);
+    int fd = ::openat(::dirfd(proc), path, O_RDONLY | O_CLOEXEC);
+    if (fd < 0) continue;
+    char line[256];
+    ssize_t size = ::read(fd, line, sizeof line);
+    ::close(fd);
+    if (size <= 0) continue;
+    std::string_view text(line, static_cast<std::size_t>(size));
+    auto open = text.find('(');
+    auto close = text.rfind(')');
+    if (open == text.npos || close == text.npos || close < open || close + 2 >= text.size()) continue;
     // A process that has ended but not been waited for (a zombie, which an
     // init that never reaps keeps forever) is not running.
-    char state = line[close + 2];
+    char state = text[close + 2];
     if (state == 'Z' || state == 'X' || state == 'x') continue;
     RunningProcess process;
-    process.name = line.substr(open + 1, close - open - 1);
+    process.name = text.substr(open + 1, close - open - 1);
     process.pid = static_cast<pid_t>(std::strtol(entry->d_name, nullptr, 10));
-    processes.push_back(std::move(process));
+    if (wanted(process)) {
+      found = std::move(process);
+      break;
+    }
   }
   ::closedir(proc);
+  return found;
+}
+
+std::vector<RunningProcess> running_processes() {
+  std::vector<RunningProcess> processes;
+  find_process([&](const RunningProcess& process) {
+    processes.push_back(process);
+    return false;
+  });
   return processes;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -11,8 +13,12 @@ struct RunningProcess {
   std::string name;  // the kernel's short name of the process (comm)
 };
 
-// Every live process this user can see in /proc, in directory order.
-// Processes that end while we look, and zombies, are skipped.
+// Walks the live processes this user can see in /proc, in directory order,
+// and returns the first one that `wanted` accepts. Processes that end while
+// we look, and zombies, are skipped.
+std::optional<RunningProcess> find_process(const std::function<bool(const RunningProcess&)>& wanted);
+
+// Every live process, in the same order.
 std::vector<RunningProcess> running_processes();
 
 // Starts `program` with `args` as a process of its own session that we never

@@ -2,52 +2,11 @@
 // real CLI against the simulator: stdout, stderr and status byte for byte,
 // and the values that went out.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-
-#include "tests/support/process.hpp"
-#include "tests/support/sim_process.hpp"
+#include "tests/support/cli_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
-
-struct Case {
-  std::vector<std::string> args;
-  std::string out;
-  std::string err;
-  int status;
-};
-
-void expect_cases(const std::vector<Case>& cases) {
-  for (const Case& c : cases) {
-    std::string typed;
-    for (const auto& a : c.args) typed += " " + a;
-    SCOPED_TRACE(typed);
-    ProcessResult r = run_cli(c.args);
-    EXPECT_EQ(r.out, c.out);
-    EXPECT_EQ(r.err, c.err);
-    EXPECT_EQ(r.status, c.status);
-  }
-}
-
-// The params of every logged request of `method`, in order.
-std::vector<std::string> params_of(const SimProcess& sim, const std::string& method) {
-  const std::string head = R"({"method":")" + method + R"(","params":)";
-  std::vector<std::string> params;
-  for (const std::string& r : sim.requests()) {
-    if (r.compare(0, head.size(), head) == 0) params.push_back(r.substr(head.size(), r.size() - head.size() - 1));
-  }
-  return params;
-}
-
-// A simulator state of our own, for what the built-in one never answers.
-struct StateFile {
-  std::string path = std::filesystem::temp_directory_path() / ("orvanta_state_" + std::to_string(::getpid()));
-  explicit StateFile(const std::string& json) { std::ofstream(path) << json; }
-  ~StateFile() { std::filesystem::remove(path); }
-};
 
 const std::string account =
     R"("account":{"user":{"username":"u1","display_name":"U","country":"SE","product":"p","catalogue":"p"}})";
@@ -77,7 +36,7 @@ std::string edge_state(const std::string& order) {
 
 TEST(ContentCommands, SearchSendsItsFiltersAndFindingNothingIsNoFailure) {
   SimProcess sim;
-  expect_cases({
+  expect_cli_cases({
       {{"search", "cart", "--type", "audiobook", "--format", "json"},
        R"({"artists":[],"tracks":[],"albums":[],"playlists":[],"shows":[],"episodes":[],)"
        R"("audiobooks":[{"uri":"orvanta:audiobook:lastcartographer","name":"The Last Cartographer",)"
@@ -100,7 +59,7 @@ TEST(ContentCommands, SearchWithAnOrderOfItsOwn) {
   StateFile state(edge_state(R"(["artists", "tracks", "episodes", "podcasts", "topRecommendations",
                                  "playlists", "audiobooks", "artists"])"));
   SimProcess sim({"--state", state.path});
-  expect_cases({{{"search", "echo"},
+  expect_cli_cases({{{"search", "echo"},
                  "Artists:\n"
                  "  Alpha Echo  orvanta:artist:alpha\n"
                  "Tracks:\n"
@@ -123,7 +82,7 @@ TEST(ContentCommands, SearchWithAnOrderOfItsOwn) {
 TEST(ContentCommands, SearchWithoutAnOrderHistoryAndPausedTrack) {
   StateFile state(edge_state("[]"));
   SimProcess sim({"--state", state.path});
-  expect_cases({{{"search", "echo"},
+  expect_cli_cases({{{"search", "echo"},
                  "Top Hit:\n"
                  "  Alpha Echo  orvanta:artist:alpha\n"
                  "Recommendations (Made for U):\n"
@@ -156,7 +115,7 @@ TEST(ContentCommands, SearchWithoutAnOrderHistoryAndPausedTrack) {
 
 TEST(ContentCommands, LookupPrintsResolvedEntitiesAndWarnsAboutTheRest) {
   SimProcess sim;
-  expect_cases({
+  expect_cli_cases({
       // A key too long for the column pushes its value right; it isn't cut.
       {{"lookup", "orvanta:track:copperhour", "orvanta:track:nosuch", "orvanta:show:thelongshelf", "--fields",
         "orvanta_release_date,bpm"},
@@ -192,7 +151,7 @@ TEST(ContentCommands, LookupPrintsResolvedEntitiesAndWarnsAboutTheRest) {
 
 TEST(ContentCommands, HistoryTopCountsHoursAndRecentShowsWhen) {
   SimProcess sim;
-  expect_cases({
+  expect_cli_cases({
       {{"history", "top", "--type", "track", "--limit", "3"},
        " 1. Harbour Lights  orvanta:track:harbourlights  (25h)\n"
        " 2. Glass Tide  orvanta:track:glasstide  (17h)\n"
@@ -215,7 +174,7 @@ TEST(ContentCommands, HistoryTopCountsHoursAndRecentShowsWhen) {
 
 TEST(ContentCommands, NowPlayingTellsPlayingFromPaused) {
   SimProcess sim;
-  expect_cases({
+  expect_cli_cases({
       {{"now-playing"},
        "Harbour Lights \xE2\x80\x94 Nimbus Ferry  orvanta:track:harbourlights\n"
        "Context: Morning Ferry\n"
@@ -235,7 +194,7 @@ TEST(ContentCommands, NowPlayingTellsPlayingFromPaused) {
 TEST(ContentCommands, EmptyAnswersAreNoFailures) {
   StateFile state("{" + account + "}");
   SimProcess sim({"--state", state.path});
-  expect_cases({
+  expect_cli_cases({
       {{"now-playing"}, "Nothing currently playing\n", "", 0},
       {{"now-playing", "--format", "json"}, "{}\n", "", 0},
       {{"taste"}, "Musical Identity:\n  \n\nContent Rhythms:\n  \n\nWhat Makes You Distinctive:\n  \n", "", 0},
@@ -252,7 +211,7 @@ TEST(ContentCommands, EmptyAnswersAreNoFailures) {
 TEST(ContentCommands, FailuresAreOneLineOfTextInBothModes) {
   SimProcess sim({"--fail", "search=16", "--fail", "lookup=2", "--fail", "taste_profile=4", "--fail",
                   "history_top=9", "--fail", "history_recent=8", "--fail", "now_playing=999"});
-  expect_cases({
+  expect_cli_cases({
       {{"search", "x"}, "", "Search failed: not logged in\n", 1},
       {{"search", "x", "--format", "json"}, "", "Search failed: not logged in\n", 1},
       {{"lookup", "orvanta:track:x"}, "", "Lookup failed: bad request\n", 1},

@@ -3,20 +3,12 @@
 
 #include <algorithm>
 
-#include "tests/support/process.hpp"
-#include "tests/support/sim_process.hpp"
+#include "tests/support/cli_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
 
 using Methods = std::vector<std::string>;
-
-// The requests of the simulator's log behind the handshake of the last run.
-Methods after_handshake(const SimProcess& sim) {
-  Methods all = sim.methods();
-  auto subscribed = std::find(all.rbegin(), all.rend(), "login_state_subscription");
-  return subscribed == all.rend() ? Methods{} : Methods(subscribed.base(), all.end());
-}
 
 TEST(DevicesCommands, ListShowsTheActiveDeviceWithItsMarkers) {
   SimProcess sim;
@@ -63,38 +55,23 @@ TEST(DevicesCommands, TransferThatNeverShowsRetriesOnceAndStillSucceeds) {
 TEST(DevicesCommands, FailuresAreOneLine) {
   SimProcess sim({"--fail", "connect_transfer=11", "--fail", "connect_set_volume=2", "--fail",
                   "connect_device_info=13"});
-  struct Case {
-    std::vector<std::string> args;
-    std::string err;
-  };
-  const Case cases[] = {
-      {{"devices", "transfer", "Kitchen Speaker"}, "Transfer failed: client not connected\n"},
-      {{"devices", "volume", "1"}, "Set volume failed: bad request\n"},
-      {{"devices", "info", "x"}, "Failed to get device info: client unknown error\n"},
-  };
-  for (const auto& c : cases) {
-    ProcessResult r = run_cli(c.args);
-    EXPECT_EQ(r.out, "") << c.args[1];
-    EXPECT_EQ(r.err, c.err) << c.args[1];
-    EXPECT_EQ(r.status, 1) << c.args[1];
-  }
+  expect_cli_cases({
+      {{"devices", "transfer", "Kitchen Speaker"}, "", "Transfer failed: client not connected\n", 1},
+      {{"devices", "volume", "1"}, "", "Set volume failed: bad request\n", 1},
+      {{"devices", "info", "x"}, "", "Failed to get device info: client unknown error\n", 1},
+  });
 }
 
 TEST(DevicesCommands, VolumeKeepsOnlyTheIntegerPart) {
   SimProcess sim;
-  ProcessResult r = run_cli({"devices", "volume", "0.5"});
-  EXPECT_EQ(r.out, "Volume set to 0\n");
-  EXPECT_EQ(r.status, 0);
-  ProcessResult full = run_cli({"devices", "volume", "1.0", "Kitchen Speaker"});
-  EXPECT_EQ(full.out, "Volume set to 1\n");
-  std::vector<std::string> sent;
-  for (const auto& line : sim.requests()) {
-    if (line.find("connect_set_volume") != std::string::npos) sent.push_back(line);
-  }
-  EXPECT_EQ(sent, (std::vector<std::string>{
-                      R"({"method":"connect_set_volume","params":{"device_id":"","volume":0}})",
-                      R"({"method":"connect_set_volume","params":{"device_id":"Kitchen Speaker","volume":1}})",
-                  }));
+  expect_cli_cases({
+      {{"devices", "volume", "0.5"}, "Volume set to 0\n", "", 0},
+      {{"devices", "volume", "1.0", "Kitchen Speaker"}, "Volume set to 1\n", "", 0},
+  });
+  EXPECT_EQ(params_of(sim, "connect_set_volume"), (std::vector<std::string>{
+                                                      R"({"device_id":"","volume":0})",
+                                                      R"({"device_id":"Kitchen Speaker","volume":1})",
+                                                  }));
 }
 
 TEST(DevicesCommands, InfoIsTextInBothModes) {

@@ -4,46 +4,16 @@
 
 #include <algorithm>
 
-#include "tests/support/process.hpp"
-#include "tests/support/sim_process.hpp"
+#include "tests/support/cli_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
 
 using Methods = std::vector<std::string>;
 
-struct Case {
-  std::vector<std::string> args;
-  std::string out;
-  std::string err;
-  int status;
-};
-
-std::string shown(const std::vector<std::string>& args) {
-  std::string text;
-  for (const auto& a : args) text += " [" + a + "]";
-  return text;
-}
-
-void expect_cases(const std::vector<Case>& cases) {
-  for (const Case& c : cases) {
-    ProcessResult r = run_cli(c.args);
-    EXPECT_EQ(r.out, c.out) << shown(c.args);
-    EXPECT_EQ(r.err, c.err) << shown(c.args);
-    EXPECT_EQ(r.status, c.status) << shown(c.args);
-  }
-}
-
-// The requests of the last run, behind its handshake.
-Methods last_command(const SimProcess& sim) {
-  Methods all = sim.methods();
-  auto subscribed = std::find(all.rbegin(), all.rend(), "login_state_subscription");
-  return subscribed == all.rend() ? Methods{} : Methods(subscribed.base(), all.end());
-}
-
 TEST(PlaybackCommands, SucceedQuietlyOrWithTheirLine) {
   SimProcess sim;
-  expect_cases({
+  expect_cli_cases({
       {{"status"}, "Orvanta desktop client is running\nLogged in: Yes\n", "", 0},
       {{"status", "--format", "json"}, "{\"running\":true,\"logged_in\":true}\n", "", 0},
       {{"pause"}, "", "", 0},
@@ -83,7 +53,7 @@ TEST(PlaybackCommands, SendTheValuesAsConverted) {
 
 TEST(PlaybackCommands, RepeatWithoutModeConnectsThenShowsUsage) {
   SimProcess sim;
-  expect_cases({{{"repeat", "--format", "json"}, "", "Usage: repeat off|context|track\n", 1}});
+  expect_cli_cases({{{"repeat", "--format", "json"}, "", "Usage: repeat off|context|track\n", 1}});
   EXPECT_EQ(sim.methods(), (Methods{"authorize_connection", "login_state_subscription"}));
 }
 
@@ -92,7 +62,7 @@ TEST(PlaybackCommands, MePrintsTheProfileAsJsonInBothModes) {
   const std::string profile =
       R"({"username":"mossfern42","display_name":"Ilsabet Quorne","country":"SE","product":"premium","catalogue":"premium"})"
       "\n";
-  expect_cases({{{"me"}, profile, "", 0}, {{"me", "--format", "json"}, profile, "", 0}});
+  expect_cli_cases({{{"me"}, profile, "", 0}, {{"me", "--format", "json"}, profile, "", 0}});
 }
 
 TEST(PlaybackCommands, FailuresAreOneLineWithTheCodesWords) {
@@ -100,7 +70,7 @@ TEST(PlaybackCommands, FailuresAreOneLineWithTheCodesWords) {
                   "--fail", "playback_previous=3:desktop_api_failure_source", "--fail", "playback_seek=2",
                   "--fail", "playback_shuffle=999", "--fail", "playback_repeat=4", "--fail", "playback_speed=7",
                   "--fail", "playback_volume=1:nonsense", "--fail", "me=16", "--fail", "playback_play=10"});
-  expect_cases({
+  expect_cli_cases({
       {{"pause"}, "", "Failed to pause: playback restricted\n", 1},
       {{"resume", "--format", "json"}, "", "Failed to resume: not logged in\n", 1},
       {{"next"}, "", "Failed to skip to next: request timed out\n", 1},
@@ -119,7 +89,7 @@ TEST(PlaybackCommands, FailuresAreOneLineWithTheCodesWords) {
 
 TEST(PlaybackCommands, StatusReportsTheLoginNotification) {
   SimProcess sim({"--logged-out"});
-  expect_cases({
+  expect_cli_cases({
       {{"status"}, "Orvanta desktop client is running\nLogged in: No\n", "", 0},
       {{"status", "--format", "json"}, "{\"running\":true,\"logged_in\":false}\n", "", 0},
   });
@@ -127,21 +97,21 @@ TEST(PlaybackCommands, StatusReportsTheLoginNotification) {
 
 TEST(PlaybackCommands, PlayOnADeviceTransfersThenResumesOrPlays) {
   SimProcess sim;
-  expect_cases({{{"play", "--device", "Kitchen Speaker"}, "Playback transferred\n", "", 0}});
-  EXPECT_EQ(last_command(sim),
+  expect_cli_cases({{{"play", "--device", "Kitchen Speaker"}, "Playback transferred\n", "", 0}});
+  EXPECT_EQ(after_handshake(sim),
             (Methods{"connect_cluster", "connect_transfer", "connect_cluster", "playback_resume"}));
 
-  expect_cases({{{"play", "orvanta:track:x", "--device", "nowhere"},
+  expect_cli_cases({{{"play", "orvanta:track:x", "--device", "nowhere"},
                  "",
                  "Device 'nowhere' not found. Run 'orvanta_cli devices list' to see available devices.\n",
                  1}});
-  EXPECT_EQ(last_command(sim), (Methods{"connect_cluster"}));
+  EXPECT_EQ(after_handshake(sim), (Methods{"connect_cluster"}));
 }
 
 TEST(PlaybackCommands, NavigateWithPlayConnectsAndPlays) {
   SimProcess sim({"--fail", "playback_play=8"});
-  expect_cases({{{"navigate", "orvanta:track:abc", "--play"}, "", "Failed to play: playback restricted\n", 1}});
-  EXPECT_EQ(last_command(sim), (Methods{"playback_play"}));
+  expect_cli_cases({{{"navigate", "orvanta:track:abc", "--play"}, "", "Failed to play: playback restricted\n", 1}});
+  EXPECT_EQ(after_handshake(sim), (Methods{"playback_play"}));
 }
 
 }  // namespace

@@ -1,34 +1,10 @@
 // `queue [list]|add|remove|move` of the real CLI against the simulator.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-
-#include "tests/support/process.hpp"
-#include "tests/support/sim_process.hpp"
+#include "tests/support/cli_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
-
-struct Case {
-  std::vector<std::string> args;
-  std::string out;
-  std::string err;
-  int status;
-};
-
-void expect_cases(const std::vector<Case>& cases) {
-  for (const Case& c : cases) {
-    std::string typed;
-    for (const auto& a : c.args) typed += " " + a;
-    SCOPED_TRACE(typed);
-    ProcessResult r = run_cli(c.args);
-    EXPECT_EQ(r.out, c.out);
-    EXPECT_EQ(r.err, c.err);
-    EXPECT_EQ(r.status, c.status);
-  }
-}
 
 const std::string now_playing = "Now playing: Harbour Lights -- Nimbus Ferry  [context]  orvanta:track:harbourlights\n";
 
@@ -36,7 +12,7 @@ const std::string now_playing = "Now playing: Harbour Lights -- Nimbus Ferry  [c
 // edits print text under --format json too.
 TEST(QueueCommands, ListedPositionsAreTheOnesThatEditsTake) {
   SimProcess sim;
-  expect_cases({
+  expect_cli_cases({
       {{"queue"},
        now_playing + "\nUp next:\n" +
            "  0. The Ferryman's Waltz -- Nimbus Ferry  [queue]  orvanta:track:ferrymanswaltz\n"
@@ -69,12 +45,11 @@ TEST(QueueCommands, ListedPositionsAreTheOnesThatEditsTake) {
 // Nothing playing and one uncredited track: no " -- "; once it is removed,
 // "Queue is empty" follows without a blank line. JSON keeps uid and revision.
 TEST(QueueCommands, NothingPlayingAndEmptyQueue) {
-  const std::string path = std::filesystem::temp_directory_path() / ("orvanta_state_" + std::to_string(::getpid()));
-  std::ofstream(path) << R"({"account":{"user":{"username":"u","display_name":"U","country":"SE","product":"p",)"
-                         R"("catalogue":"p"}},"tracks":[{"uri":"orvanta:track:solo","name":"Solo Piece"}],)"
-                         R"("queue":[{"uri":"orvanta:track:solo","uid":"q1"}]})";
-  SimProcess sim({"--state", path});
-  expect_cases({
+  StateFile state(R"({"account":{"user":{"username":"u","display_name":"U","country":"SE","product":"p",)"
+                  R"("catalogue":"p"}},"tracks":[{"uri":"orvanta:track:solo","name":"Solo Piece"}],)"
+                  R"("queue":[{"uri":"orvanta:track:solo","uid":"q1"}]})");
+  SimProcess sim({"--state", state.path});
+  expect_cli_cases({
       {{"queue"}, "Nothing currently playing\n\nUp next:\n  0. Solo Piece  [queue]  orvanta:track:solo\n", "", 0},
       {{"queue", "--format", "json"},
        R"({"next_tracks":[{"uri":"orvanta:track:solo","uid":"q1","name":"Solo Piece","artist":"","provider":"queue"}],)"
@@ -84,13 +59,12 @@ TEST(QueueCommands, NothingPlayingAndEmptyQueue) {
       {{"queue", "remove", "0"}, "Removed from queue (0 remaining)\n", "", 0},
       {{"queue"}, "Nothing currently playing\nQueue is empty\n", "", 0},
   });
-  std::filesystem::remove(path);
 }
 
 TEST(QueueCommands, FailuresAreOneLineOfText) {
   SimProcess sim({"--fail", "queue_list=16", "--fail", "queue_add=2", "--fail", "queue_remove=8", "--fail",
                   "queue_move=4"});
-  expect_cases({
+  expect_cli_cases({
       {{"queue", "--format", "json"}, "", "Failed to get queue: not logged in\n", 1},
       {{"queue", "add", "orvanta:track:x"}, "", "Failed to add to queue: bad request\n", 1},
       {{"queue", "remove", "0"}, "", "Failed to remove from queue: playback restricted\n", 1},

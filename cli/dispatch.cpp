@@ -2,6 +2,7 @@
 
 #include "commands/content.hpp"
 #include "commands/devices.hpp"
+#include "commands/library_batch.hpp"
 #include "commands/playback.hpp"
 #include "commands/queue.hpp"
 
@@ -32,6 +33,7 @@ int dispatch_command(const CommandLine& line, commands::Context& context) {
     case CommandId::DevicesTransfer: return devices_transfer(line.argument(), context);
     case CommandId::DevicesVolume: return devices_volume(line, context);
     case CommandId::DevicesInfo: return devices_info(line.argument(), context);
+    case CommandId::LibraryBatch: return library_batch(line, context);
     case CommandId::QueueList: return queue_list(line, context);
     case CommandId::QueueAdd: return queue_add(line.argument(), context);
     case CommandId::QueueRemove: return queue_remove(line, context);

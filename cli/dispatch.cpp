@@ -2,8 +2,10 @@
 
 #include "commands/content.hpp"
 #include "commands/devices.hpp"
+#include "commands/library.hpp"
 #include "commands/library_batch.hpp"
 #include "commands/playback.hpp"
+#include "commands/playlist.hpp"
 #include "commands/queue.hpp"
 
 namespace orvanta::cli {
@@ -33,7 +35,16 @@ int dispatch_command(const CommandLine& line, commands::Context& context) {
     case CommandId::DevicesTransfer: return devices_transfer(line.argument(), context);
     case CommandId::DevicesVolume: return devices_volume(line, context);
     case CommandId::DevicesInfo: return devices_info(line.argument(), context);
+    case CommandId::LibraryList: return library_list(line, context);
+    case CommandId::LibraryContains: return library_contains(line, context);
+    case CommandId::LibraryAdd: return library_add(line, context);
+    case CommandId::LibraryRemove: return library_remove(line, context);
     case CommandId::LibraryBatch: return library_batch(line, context);
+    case CommandId::PlaylistGet: return playlist_get(line, context);
+    case CommandId::PlaylistCreate: return playlist_create(line, context);
+    case CommandId::PlaylistUpdate: return playlist_update(line, context);
+    case CommandId::PlaylistAdd: return playlist_add(line, context);
+    case CommandId::PlaylistRemove: return playlist_remove(line, context);
     case CommandId::QueueList: return queue_list(line, context);
     case CommandId::QueueAdd: return queue_add(line.argument(), context);
     case CommandId::QueueRemove: return queue_remove(line, context);

@@ -2,6 +2,7 @@
 
 #include "commands/content.hpp"
 #include "commands/devices.hpp"
+#include "commands/folder.hpp"
 #include "commands/library.hpp"
 #include "commands/library_batch.hpp"
 #include "commands/playback.hpp"
@@ -45,6 +46,11 @@ int dispatch_command(const CommandLine& line, commands::Context& context) {
     case CommandId::PlaylistUpdate: return playlist_update(line, context);
     case CommandId::PlaylistAdd: return playlist_add(line, context);
     case CommandId::PlaylistRemove: return playlist_remove(line, context);
+    case CommandId::FolderList: return folder_list(line, context);
+    case CommandId::FolderCreate: return folder_create(line, context);
+    case CommandId::FolderRename: return folder_rename(line, context);
+    case CommandId::FolderMove: return folder_move(line, context);
+    case CommandId::FolderRemove: return folder_remove(line, context);
     case CommandId::QueueList: return queue_list(line, context);
     case CommandId::QueueAdd: return queue_add(line.argument(), context);
     case CommandId::QueueRemove: return queue_remove(line, context);

@@ -20,7 +20,7 @@ namespace {
 using messages::FolderItem;
 using messages::FolderListResponse;
 
-constexpr auto folder_list_limit = std::chrono::nanoseconds(8000000000);
+constexpr auto folder_list_limit = std::chrono::seconds(8);
 constexpr std::string_view root_destination = "root";
 
 template <class T>

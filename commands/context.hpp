@@ -1,7 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <cstdio>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -32,6 +34,13 @@ class Context {
   template <class T>
   T run_and_wait(asio::awaitable<T> operation) {
     return link::run_and_wait(io_, std::move(operation));
+  }
+
+  // As run_and_wait, but gives up at `deadline` and returns nothing; the
+  // operation is left running.
+  template <class T>
+  std::optional<T> run_and_wait_until(asio::awaitable<T> operation, std::chrono::steady_clock::time_point deadline) {
+    return link::run_and_wait_until(io_, std::move(operation), deadline);
   }
 
   // Connects and authorizes; prints its own failure line and returns false.

@@ -1,17 +1,10 @@
 #include "commands/folder.hpp"
 
 #include <chrono>
-#include <future>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include <asio/bind_executor.hpp>
-#include <asio/co_spawn.hpp>
-#include <asio/this_coro.hpp>
-#include <asio/use_future.hpp>
-
-#include "desktop_link/io_thread.hpp"
 #include "messages/record_codecs.hpp"
 
 namespace orvanta::commands {
@@ -22,31 +15,6 @@ using messages::FolderListResponse;
 
 constexpr auto folder_list_limit = std::chrono::seconds(8);
 constexpr std::string_view root_destination = "root";
-
-template <class T>
-using Pending = std::future<link::detail::Outcome<T>>;
-
-// Spawns `operation` beside the caller on the IO thread and hands back its
-// future without waiting for it.
-template <class T>
-asio::awaitable<Pending<T>> start_beside(asio::awaitable<T> operation) {
-  auto executor = co_await asio::this_coro::executor;
-  co_return asio::co_spawn(executor, link::detail::settle(std::move(operation)),
-                           asio::bind_executor(executor, asio::use_future));
-}
-
-// As run_and_wait, but gives up at `deadline` and returns nothing. The
-// operation is then abandoned, still running; the connection's shutdown
-// ends it.
-template <class T>
-std::optional<T> run_and_wait_until(Context& context, asio::awaitable<T> operation,
-                                    std::chrono::steady_clock::time_point deadline) {
-  Pending<T> pending = context.run_and_wait(start_beside(std::move(operation)));
-  if (pending.wait_until(deadline) == std::future_status::timeout) return std::nullopt;
-  link::detail::Outcome<T> outcome = pending.get();
-  if (outcome.failure) std::rethrow_exception(std::move(outcome.failure));
-  return std::move(outcome.value);
-}
 
 // Depth 0 and 1 both stand at two spaces; the response's order is the
 // display order, nothing is re-nested here.
@@ -83,7 +51,7 @@ int folder_list(const cli::CommandLine& line, Context& context) {
 
   const auto deadline = std::chrono::steady_clock::now() + folder_list_limit;
   std::optional<link::Result<FolderListResponse>> answer =
-      run_and_wait_until(context, context.api().folder_list(std::move(request)), deadline);
+      context.run_and_wait_until(context.api().folder_list(std::move(request)), deadline);
   if (!answer) {
     std::fprintf(context.err, "folder list timed out after 8s while reading the playlist folder hierarchy.\n");
     return 1;

@@ -97,26 +97,47 @@ void spin_until_ready(const std::future<T>& done) {
   }
 }
 
+// Spawns `operation` on `context`; its future holds the outcome. The
+// completion is bound to our own context: a bare use_future would deliver it
+// through asio's system executor, which starts a thread pool of its own for
+// that.
+template <class T>
+std::future<Outcome<T>> spawn_settled(asio::io_context& context, asio::awaitable<T> operation) {
+  return asio::co_spawn(context, settle(std::move(operation)), asio::bind_executor(context, asio::use_future));
+}
+
+// The value of a finished operation, or its exception rethrown here. The
+// exception is moved out of the future, so the calling thread holds the
+// last reference to it: the future's shared state, which asio may release
+// on another thread, keeps none.
+template <class T>
+T take(std::future<Outcome<T>>& done) {
+  Outcome<T> outcome = done.get();
+  if (outcome.failure) std::rethrow_exception(std::move(outcome.failure));
+  if constexpr (!std::is_void_v<T>) return std::move(*outcome.value);
+}
+
 }  // namespace detail
 
 // Spawns `operation` on `context` and waits until it has finished; returns
 // its value or rethrows its exception on the calling thread. Must not be
 // called on the thread that runs `context`.
-//
-// The exception is moved out of the future and rethrown here, so the calling
-// thread holds the last reference to it: the future's shared state, which
-// asio may release on another thread, keeps none.
 template <class T>
 T run_and_wait(asio::io_context& context, asio::awaitable<T> operation) {
-  // The completion is bound to our own context: a bare use_future would
-  // deliver it through asio's system executor, which starts a thread pool
-  // of its own for that.
-  std::future<detail::Outcome<T>> done =
-      asio::co_spawn(context, detail::settle(std::move(operation)), asio::bind_executor(context, asio::use_future));
+  std::future<detail::Outcome<T>> done = detail::spawn_settled(context, std::move(operation));
   detail::spin_until_ready(done);
-  detail::Outcome<T> outcome = done.get();
-  if (outcome.failure) std::rethrow_exception(std::move(outcome.failure));
-  if constexpr (!std::is_void_v<T>) return std::move(*outcome.value);
+  return detail::take(done);
+}
+
+// As run_and_wait, but waits no later than `deadline`, and returns nothing
+// when the operation has not finished by then. The operation is abandoned,
+// still running on the IO thread; the connection's shutdown ends it.
+template <class T>
+std::optional<T> run_and_wait_until(asio::io_context& context, asio::awaitable<T> operation,
+                                    std::chrono::steady_clock::time_point deadline) {
+  std::future<detail::Outcome<T>> done = detail::spawn_settled(context, std::move(operation));
+  if (done.wait_until(deadline) == std::future_status::timeout) return std::nullopt;
+  return detail::take(done);
 }
 
 // Returns once the thread that runs `context` has run one job.

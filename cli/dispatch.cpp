@@ -8,6 +8,7 @@
 #include "commands/playback.hpp"
 #include "commands/playlist.hpp"
 #include "commands/queue.hpp"
+#include "commands/rondo.hpp"
 
 namespace orvanta::cli {
 
@@ -55,6 +56,13 @@ int dispatch_command(const CommandLine& line, commands::Context& context) {
     case CommandId::QueueAdd: return queue_add(line.argument(), context);
     case CommandId::QueueRemove: return queue_remove(line, context);
     case CommandId::QueueMove: return queue_move(line, context);
+    case CommandId::RondoStatus: return rondo_status(line, context);
+    case CommandId::RondoCreate: return rondo_create(context);
+    case CommandId::RondoLeave: return rondo_leave(context);
+    case CommandId::RondoEnd: return rondo_end(context);
+    case CommandId::RondoMembers: return rondo_members(line, context);
+    case CommandId::RondoKick: return rondo_kick(line.argument(), context);
+    case CommandId::RondoPermissions: return rondo_permissions(line, context);
     default: return 1;
   }
 }

@@ -7,6 +7,7 @@
 #include "commands/library_batch.hpp"
 #include "commands/playback.hpp"
 #include "commands/playlist.hpp"
+#include "commands/pod.hpp"
 #include "commands/queue.hpp"
 #include "commands/rondo.hpp"
 
@@ -63,6 +64,14 @@ int dispatch_command(const CommandLine& line, commands::Context& context) {
     case CommandId::RondoMembers: return rondo_members(line, context);
     case CommandId::RondoKick: return rondo_kick(line.argument(), context);
     case CommandId::RondoPermissions: return rondo_permissions(line, context);
+    case CommandId::PodUpload: return pod_upload(line, context);
+    case CommandId::PodShows: return pod_shows(line, context);
+    case CommandId::PodShowsCreate: return pod_shows_create(line, context);
+    case CommandId::PodShowsDelete: return pod_shows_delete(line, context);
+    case CommandId::PodEpisodes: return pod_episodes(line, context);
+    case CommandId::PodEpisodesCreate: return pod_episodes_create(line, context);
+    case CommandId::PodEpisodesStatus: return pod_episodes_status(line, context);
+    case CommandId::PodEpisodesDelete: return pod_episodes_delete(line, context);
     default: return 1;
   }
 }

@@ -15,7 +15,7 @@ m::RondoStatusResponse status_of(const Rondo& rondo) {
   r.session_id = rondo.session_id;
   r.is_session_owner = rondo.is_session_owner;
   r.active = true;
-  r.member_count = static_cast<std::int32_t>(rondo.members.size());
+  r.member_count = rondo.member_count.value_or(static_cast<std::int32_t>(rondo.members.size()));
   r.queue_only_mode = rondo.queue_only_mode;
   r.volume_control_enabled = rondo.volume_control_enabled;
   r.members = rondo.members;
@@ -41,6 +41,7 @@ void close_session(Context& context) {
   rondo.session_id.clear();
   rondo.is_session_owner = false;
   rondo.members.clear();
+  rondo.member_count.reset();
   rondo.join_token.reset();
   set_broadcasting(context, false);
 }
@@ -66,6 +67,7 @@ Answer<m::RondoStatusResponse> handle(m::RondoCreate, const m::RondoCreateReques
   rondo.session_id = context.new_id("rondo-");
   rondo.is_session_owner = true;
   rondo.members = {m::RondoMember{user.username, user.display_name, std::nullopt, true}};
+  rondo.member_count.reset();
   rondo.members.insert(rondo.members.end(), rondo.guests.begin(), rondo.guests.end());
   rondo.join_token = "join-" + rondo.session_id;
   if (request.activate) set_broadcasting(context, true);
@@ -96,6 +98,7 @@ Answer<m::RondoStatusResponse> handle(m::RondoKick, const m::RondoKickRequest& r
   if (member == rondo.members.end()) return bad_request("Nobody called '" + request.member_id + "' is in the session");
   if (member->is_current_user) return bad_request("The host can't remove themselves; end the session instead");
   rondo.members.erase(member);
+  rondo.member_count.reset();
   return status_of(rondo);
 }
 

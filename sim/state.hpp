@@ -138,6 +138,9 @@ struct Rondo {
   bool queue_only_mode = false;
   bool volume_control_enabled = true;
   std::vector<messages::RondoMember> members;
+  // The count the session reports, when a state sets it apart from the list
+  // (members still joining); otherwise the list's length.
+  std::optional<std::int32_t> member_count;
   std::optional<std::string> join_token;
   std::vector<messages::RondoMember> guests;
 };

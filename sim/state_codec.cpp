@@ -164,6 +164,7 @@ json::ObjectCodec<Rondo> rondo_codec() {
   codec.add_field("queue_only_mode",        defaulted, &R::queue_only_mode);
   codec.add_field("volume_control_enabled", defaulted, &R::volume_control_enabled);
   codec.add_field("members",                defaulted, &R::members, members);
+  codec.add_field("member_count",           optional,  &R::member_count);
   codec.add_field("join_token",             optional,  &R::join_token);
   codec.add_field("guests",                 defaulted, &R::guests, members);
   return codec;

@@ -8,6 +8,7 @@
 #include "commands/playback.hpp"
 #include "commands/playlist.hpp"
 #include "commands/pod.hpp"
+#include "commands/pod_timeline.hpp"
 #include "commands/queue.hpp"
 #include "commands/rondo.hpp"
 
@@ -72,6 +73,9 @@ int dispatch_command(const CommandLine& line, commands::Context& context) {
     case CommandId::PodEpisodesCreate: return pod_episodes_create(line, context);
     case CommandId::PodEpisodesStatus: return pod_episodes_status(line, context);
     case CommandId::PodEpisodesDelete: return pod_episodes_delete(line, context);
+    case CommandId::PodTimelineGet: return pod_timeline_get(line, context);
+    case CommandId::PodTimelineSet: return pod_timeline_set(line, context);
+    case CommandId::PodTimelineDelete: return pod_timeline_delete(line, context);
     default: return 1;
   }
 }

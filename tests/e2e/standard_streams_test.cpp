@@ -1,5 +1,5 @@
 // What only a process shows about its standard streams: a closed descriptor
-// at start, and output that cannot be written.
+// at start, input without end, and output that cannot be written.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -23,6 +23,17 @@ TEST(StandardStreams, ClosedStdinReadsAsEmpty) {
   ProcessResult r = run_cli_with("<&-", "library batch");
   EXPECT_EQ(r.err, "library batch: no manifest input (expected JSON on stdin or --from-file)\n");
   EXPECT_EQ(r.status, 1);
+}
+
+// A manifest without end stops at the limit, from stdin or from a file.
+TEST(StandardStreams, AManifestWithoutEndIsRefusedAtTheLimit) {
+  SimProcess sim;
+  for (const char* source : {"</dev/zero", "--from-file /dev/zero"}) {
+    SCOPED_TRACE(source);
+    ProcessResult r = run_cli_with(source, "library batch");
+    EXPECT_EQ(r.err, "library batch: the manifest is larger than 64 MiB\n");
+    EXPECT_EQ(r.status, 1);
+  }
 }
 
 // Output that is lost fails the run with one line, whatever the command: a

@@ -54,7 +54,11 @@ bool send_all(int fd, const void* data, std::size_t size) {
 
 void wait_for_report(int fd) {
   pollfd watch{fd, POLLIN, 0};
-  if (poll(&watch, 1, kReportTimeoutMs) != 1) return;
+  int ready = 0;
+  do {
+    ready = poll(&watch, 1, kReportTimeoutMs);
+  } while (ready < 0 && errno == EINTR);
+  if (ready != 1) return;
   char answer = 0;
   (void)read(fd, &answer, 1);
 }

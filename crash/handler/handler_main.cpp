@@ -1,6 +1,6 @@
-// The handler process. A client starts it with one end of a socket pair,
-// waits for the ready byte, and from then on the handler sleeps in a read
-// on that socket. When the client crashes, its signal handler sends a
+// The handler process. A client starts it with one end of a socket pair and
+// goes on at once; the handler sets itself up and then sleeps in a read on
+// that socket. When the client crashes, its signal handler sends a
 // CrashMessage and its annotations; the handler writes the report into the
 // database and answers. When the client ends, the socket closes and the
 // handler ends with it.
@@ -87,9 +87,8 @@ void serve(const HandlerOptions& options) {
 int main(int argc, char** argv) {
   using namespace orvanta::crash;
   auto options = parse_handler_options(argc, argv);
-  if (!options) return 2;
+  if (!options) return 2;  // refused: the client does not start it again
   if (!bind_to_client(*options)) return 0;
-  if (!send_byte(options->client_fd, kHandlerReady)) return 0;
   serve(*options);
   return 0;
 }

@@ -6,12 +6,12 @@
 namespace orvanta::crash {
 
 // The conversation between a client and its handler process over their
-// socket pair. The handler writes kHandlerReady once it can take a crash.
-// A client that receives a fatal signal writes one CrashMessage followed by
-// the bytes of its SimpleStringDictionary (all zero when it has none), and
-// waits for kReportWritten, which the handler sends once the report is in
-// pending/ or has failed for good.
-inline constexpr char kHandlerReady = 'R';
+// socket pair. A client that receives a fatal signal writes one
+// CrashMessage followed by the bytes of its SimpleStringDictionary (all
+// zero when it has none), and waits for kReportWritten, which the handler
+// sends once the report is in pending/ or has failed for good. The client
+// may write before the handler has finished starting: the message waits in
+// the socket.
 inline constexpr char kReportWritten = 'W';
 inline constexpr std::uint32_t kCrashMessageMagic = 0x3152434f;  // "OCR1" in memory order
 

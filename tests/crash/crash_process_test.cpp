@@ -206,5 +206,36 @@ TEST(HandlerLifetime, UnwritableDataDirectoryLeavesTheRunQuiet) {
   EXPECT_EQ(helper.stderr_text(), "");
 }
 
+// Only an absolute XDG_DATA_HOME counts, and $HOME is used but never made:
+// the helper runs in `dir`, so a relative path would land there.
+TEST(DatabaseLocation, FollowsTheXdgRulesAndNeverMakesAHome) {
+  struct Case {
+    const char* xdg;
+    const char* home;        // below the test's directory
+    const char* database;    // below the test's directory; nullptr: none at all
+  };
+  const Case cases[] = {
+      {"relative/dir", "home", "home/.local/share/com.orvanta.client/Crashpad"},
+      {"", "missing-home", nullptr},
+      {"relative/dir", "missing-home", nullptr},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::string(c.xdg) + " " + c.home);
+    TempDir dir;
+    std::filesystem::create_directory(dir.path() + "/home");
+    HelperProcess helper("run", dir.path(),
+                         {std::string("XDG_DATA_HOME=") + c.xdg,
+                          "HOME=" + dir.path() + "/" + c.home});
+    auto facts = helper.read_facts();
+    EXPECT_EQ(helper.wait(), 0);
+    EXPECT_EQ(facts["started"], c.database != nullptr ? "1" : "0");
+    if (c.database != nullptr) {
+      EXPECT_TRUE(std::filesystem::is_directory(dir.path() + "/" + c.database + "/pending"));
+    }
+    EXPECT_FALSE(std::filesystem::exists(dir.path() + "/relative"));
+    EXPECT_FALSE(std::filesystem::exists(dir.path() + "/missing-home"));
+  }
+}
+
 }  // namespace
 }  // namespace orvanta::crash::test

@@ -100,6 +100,17 @@ bool start_reporter(const char* handler_dir) {
   return CrashReporter::instance().start(config);
 }
 
+// The handler is spawned just after the start returns; this waits for it.
+pid_t started_handler() {
+  auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+  while (std::chrono::steady_clock::now() < deadline) {
+    pid_t pid = CrashReporter::instance().handler_pid();
+    if (pid > 0) return pid;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  return -1;
+}
+
 // The watcher restarts a dead handler after a pause; this waits for it.
 pid_t replace_handler(pid_t old_pid) {
   kill(old_pid, SIGKILL);
@@ -129,7 +140,7 @@ int main(int argc, char** argv) {
   std::string_view mode = argv[2];
   bool started = start_reporter(argv[1]);
   std::printf("started %d\nhandler %d\npid %d\n", started ? 1 : 0,
-              static_cast<int>(CrashReporter::instance().handler_pid()),
+              static_cast<int>(started ? started_handler() : -1),
               static_cast<int>(getpid()));
   if (mode == "restart") {
     std::printf("replacement %d\n",

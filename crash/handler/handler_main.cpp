@@ -5,17 +5,19 @@
 // database and answers. When the client ends, the socket closes and the
 // handler ends with it.
 
-#include "crash/handler/capture.hpp"
 #include "crash/handler/handler_options.hpp"
-#include "crash/handler/report_format.hpp"
+#include "crash/handler/minidump_writer.hpp"
+#include "crash/handler/process_snapshot.hpp"
 #include "crash/handler/upload.hpp"
 #include "crash/store/crash_message.hpp"
 #include "crash/store/report_database.hpp"
 #include "crash/store/simple_dictionary.hpp"
+#include "crash/store/uuid.hpp"
 
 #include <cerrno>
 #include <climits>
 #include <csignal>
+#include <ctime>
 #include <memory>
 #include <sys/prctl.h>
 #include <unistd.h>
@@ -60,12 +62,14 @@ void write_report(const HandlerOptions& options, const CrashMessage& message,
                   const SimpleStringDictionary& dictionary) {
   auto database = CrashReportDatabase::initialize(options.database);
   if (database == nullptr) return;
-  CrashReport report =
-      capture_crash(options, database->settings()->client_id(), message, dictionary);
-  if (database->store_report(report.uuid, format_report(report)).empty()) return;
-  if (database->settings()->uploads_enabled() && !options.url.empty()) {
-    upload_pending_reports(*database, options.url, options.rate_limit);
+  ProcessSnapshot snapshot = capture_process(options.client_pid, message);
+  ReportMetadata metadata;
+  metadata.annotations = options.annotations;
+  if (message.has_annotations != 0) {
+    for (auto& [key, value] : dictionary.entries()) metadata.annotations.insert_or_assign(key, value);
   }
+  std::string dump = write_minidump(snapshot, static_cast<std::uint32_t>(std::time(nullptr)));
+  (void)database->store_report(random_uuid(), dump, metadata);
 }
 
 void serve(const HandlerOptions& options) {

@@ -8,6 +8,8 @@
 // hold     start, report, close stdout and stderr, exit 0 at end of stdin
 // restart  start, kill the handler, wait for its replacement, then as segv
 // segv bus ill fpe abort   start, report, die of that signal
+// thread   start, report, die of SIGSEGV on a second thread while the
+//          first waits for it
 //
 // It is built with frame pointers and without sibling calls, so that the
 // stack of a crash is the one written here.
@@ -88,6 +90,12 @@ ORVANTA_UNCHECKED void crash_by_fpe() {
 #endif
 }
 
+ORVANTA_UNCHECKED void crash_by_abort() { std::abort(); }
+
+ORVANTA_UNCHECKED void crash_on_second_thread() {
+  std::thread([] { write_to_fault_address(); }).join();
+}
+
 bool start_reporter(const char* handler_dir) {
   orvanta::crash::CrashReporterConfig config;
   config.handler_dir = handler_dir;
@@ -157,6 +165,7 @@ int main(int argc, char** argv) {
   if (mode == "bus") crash_by_bus();
   if (mode == "ill") crash_by_ill();
   if (mode == "fpe") crash_by_fpe();
-  if (mode == "abort") std::abort();
+  if (mode == "abort") crash_by_abort();
+  if (mode == "thread") crash_on_second_thread();
   return 65;
 }

@@ -129,17 +129,13 @@ int HelperProcess::wait() {
 
 std::string HelperProcess::stderr_text() const { return read_file(stderr_path_).value_or("?"); }
 
-std::vector<std::string> only_pending_report(const std::string& database) {
-  std::vector<std::filesystem::path> reports;
+std::string only_pending_dump(const std::string& database) {
+  std::vector<std::string> dumps;
   std::error_code ec;
   for (const auto& entry : std::filesystem::directory_iterator(database + "/pending", ec)) {
-    reports.push_back(entry.path());
+    if (entry.path().extension() == ".dmp") dumps.push_back(entry.path().string());
   }
-  if (reports.size() != 1) return {};
-  std::vector<std::string> lines;
-  std::istringstream text(read_file(reports[0].string()).value_or(""));
-  for (std::string line; std::getline(text, line);) lines.push_back(line);
-  return lines;
+  return dumps.size() == 1 ? dumps[0] : std::string();
 }
 
 std::string helper_path() { return ORVANTA_BINARY_DIR "/tests/crash_test_helper"; }

@@ -57,9 +57,9 @@ class HelperProcess {
   std::string stderr_path_;
 };
 
-// The lines of the one report in `database`/pending; empty when there is
-// not exactly one.
-std::vector<std::string> only_pending_report(const std::string& database);
+// The path of the one dump in `database`/pending; empty when there is not
+// exactly one.
+std::string only_pending_dump(const std::string& database);
 
 // The path of the helper and of the handler directory of this build.
 std::string helper_path();

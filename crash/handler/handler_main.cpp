@@ -8,7 +8,6 @@
 #include "crash/handler/handler_options.hpp"
 #include "crash/handler/minidump_writer.hpp"
 #include "crash/handler/process_snapshot.hpp"
-#include "crash/handler/upload.hpp"
 #include "crash/store/crash_message.hpp"
 #include "crash/store/report_database.hpp"
 #include "crash/store/simple_dictionary.hpp"
@@ -19,6 +18,8 @@
 #include <csignal>
 #include <ctime>
 #include <memory>
+#include <string>
+#include <vector>
 #include <sys/prctl.h>
 #include <unistd.h>
 
@@ -66,10 +67,35 @@ void write_report(const HandlerOptions& options, const CrashMessage& message,
   ReportMetadata metadata;
   metadata.annotations = options.annotations;
   if (message.has_annotations != 0) {
-    for (auto& [key, value] : dictionary.entries()) metadata.annotations.insert_or_assign(key, value);
+    for (auto& [key, value] : dictionary.entries()) {
+      metadata.annotations.insert_or_assign(key, value);
+    }
   }
   std::string dump = write_minidump(snapshot, static_cast<std::uint32_t>(std::time(nullptr)));
   (void)database->store_report(random_uuid(), dump, metadata);
+}
+
+// After a crash the client is gone, and the handler becomes the uploader
+// beside it, no longer tied to the client's life. Returns only when that
+// cannot be done.
+void become_uploader(const HandlerOptions& options) {
+  auto database = CrashReportDatabase::initialize(options.database);
+  if (database == nullptr || !database->settings()->uploads_enabled() || options.url.empty()) {
+    return;
+  }
+  char self[4096];
+  ssize_t length = readlink("/proc/self/exe", self, sizeof self - 1);
+  if (length <= 0) return;
+  std::string uploader(self, static_cast<std::size_t>(length));
+  uploader = uploader.substr(0, uploader.rfind('/') + 1) + "orvanta_crash_upload";
+  std::string database_option = "--database=" + options.database;
+  std::string url_option = "--url=" + options.url;
+  std::vector<char*> argv{uploader.data(), database_option.data(), url_option.data()};
+  std::string no_rate_limit = "--no-rate-limit";
+  if (!options.rate_limit) argv.push_back(no_rate_limit.data());
+  argv.push_back(nullptr);
+  prctl(PR_SET_PDEATHSIG, 0);
+  execv(uploader.c_str(), argv.data());
 }
 
 void serve(const HandlerOptions& options) {
@@ -80,8 +106,10 @@ void serve(const HandlerOptions& options) {
         !read_exactly(options.client_fd, dictionary.get(), sizeof *dictionary)) {
       return;  // the client has ended
     }
-    if (message.magic == kCrashMessageMagic) write_report(options, message, *dictionary);
+    bool crashed = message.magic == kCrashMessageMagic;
+    if (crashed) write_report(options, message, *dictionary);
     if (!send_byte(options.client_fd, kReportWritten)) return;
+    if (crashed) become_uploader(options);
   }
 }
 

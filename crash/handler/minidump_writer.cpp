@@ -22,7 +22,8 @@ class Builder {
 
   md::Location append(const void* data, std::size_t size) {
     out_.resize((out_.size() + 3) & ~std::size_t{3});
-    md::Location location{static_cast<std::uint32_t>(size), static_cast<std::uint32_t>(out_.size())};
+    md::Location location{static_cast<std::uint32_t>(size),
+                          static_cast<std::uint32_t>(out_.size())};
     out_.append(static_cast<const char*>(data), size);
     return location;
   }
@@ -70,10 +71,16 @@ class Builder {
     for (std::size_t i = 0; i < utf8.size();) {
       auto byte = static_cast<unsigned char>(utf8[i]);
       std::uint32_t code = byte;
-      std::size_t length = byte < 0x80 ? 1 : byte >> 5 == 6 ? 2 : byte >> 4 == 14 ? 3 : byte >> 3 == 30 ? 4 : 1;
+      std::size_t length = byte < 0x80         ? 1
+                           : byte >> 5 == 6    ? 2
+                           : byte >> 4 == 14   ? 3
+                           : byte >> 3 == 30   ? 4
+                                               : 1;
       if (length > 1 && i + length <= utf8.size()) {
         code = byte & (0x7f >> length);
-        for (std::size_t k = 1; k < length; ++k) code = code << 6 | (static_cast<unsigned char>(utf8[i + k]) & 0x3f);
+        for (std::size_t k = 1; k < length; ++k) {
+          code = code << 6 | (static_cast<unsigned char>(utf8[i + k]) & 0x3f);
+        }
       } else {
         length = 1;  // not UTF-8: the byte stands for itself
       }
@@ -183,13 +190,18 @@ std::string write_minidump(const ProcessSnapshot& snapshot, std::uint32_t time) 
   }
   builder.add_stream(md::kModuleListStream, builder.append_list(modules));
 
-  for (const MemoryRegion& region : snapshot.extra_memory) memory.push_back(memory_of(builder, region));
+  for (const MemoryRegion& region : snapshot.extra_memory) {
+    memory.push_back(memory_of(builder, region));
+  }
   builder.add_stream(md::kMemoryListStream, builder.append_list(memory));
 
   const std::pair<std::uint32_t, const std::string*> linux_streams[] = {
-      {md::kLinuxMapsStream, &snapshot.maps},          {md::kLinuxAuxvStream, &snapshot.auxv},
-      {md::kLinuxCmdLineStream, &snapshot.cmdline},    {md::kLinuxProcStatusStream, &snapshot.status},
-      {md::kLinuxLsbReleaseStream, &snapshot.os_release}, {md::kLinuxCpuInfoStream, &snapshot.cpu_info},
+      {md::kLinuxMapsStream, &snapshot.maps},
+      {md::kLinuxAuxvStream, &snapshot.auxv},
+      {md::kLinuxCmdLineStream, &snapshot.cmdline},
+      {md::kLinuxProcStatusStream, &snapshot.status},
+      {md::kLinuxLsbReleaseStream, &snapshot.os_release},
+      {md::kLinuxCpuInfoStream, &snapshot.cpu_info},
   };
   for (const auto& [type, text] : linux_streams) {
     if (!text->empty()) builder.add_stream(type, builder.append(*text));

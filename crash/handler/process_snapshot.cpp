@@ -93,7 +93,9 @@ std::vector<pid_t> threads_of(pid_t pid) {
   DIR* dir = opendir(path.c_str());
   if (dir == nullptr) return tids;
   while (const dirent* entry = readdir(dir)) {
-    if (entry->d_name[0] >= '0' && entry->d_name[0] <= '9') tids.push_back(std::atoi(entry->d_name));
+    if (entry->d_name[0] >= '0' && entry->d_name[0] <= '9') {
+      tids.push_back(std::atoi(entry->d_name));
+    }
   }
   closedir(dir);
   std::sort(tids.begin(), tids.end());
@@ -219,7 +221,8 @@ std::vector<ModuleSnapshot> find_modules(const std::vector<Mapping>& maps,
       if (maps[j].path == first.path && maps[j].inode == first.inode) end = maps[j].end;
       else if (!maps[j].path.empty()) break;
     }
-    modules.push_back({first.start, end - first.start, first.path, build_id_at(memory, first.start)});
+    modules.push_back(
+        {first.start, end - first.start, first.path, build_id_at(memory, first.start)});
   }
   return modules;
 }
@@ -244,7 +247,8 @@ ProcessSnapshot capture_process(pid_t pid, const CrashMessage& message) {
   std::vector<Mapping> maps = parse_maps(snapshot.maps);
   ProcessMemory memory(pid);
   if (memory.open_error() != 0) {
-    snapshot.notes.push_back("memory unreadable: " + std::string(std::strerror(memory.open_error())));
+    snapshot.notes.push_back("memory unreadable: " +
+                             std::string(std::strerror(memory.open_error())));
   }
 
   ThreadSnapshot crashing;
@@ -257,7 +261,8 @@ ProcessSnapshot capture_process(pid_t pid, const CrashMessage& message) {
     ThreadSnapshot thread;
     thread.tid = tid;
     if (!read_thread(tid, maps, memory, thread)) {
-      snapshot.notes.push_back("thread " + std::to_string(tid) + " unreadable: " + std::strerror(errno));
+      snapshot.notes.push_back("thread " + std::to_string(tid) +
+                               " unreadable: " + std::strerror(errno));
     }
     snapshot.threads.push_back(std::move(thread));
   }

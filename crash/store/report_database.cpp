@@ -54,7 +54,8 @@ bool move_report(const std::string& dump_path, const std::string& folder) {
   std::string metadata = with_extension(dump_path, CrashReportDatabase::kMetadataExtension);
   std::string name = file_name(dump_path);
   std::string moved = folder + "/" + name;
-  return std::rename(metadata.c_str(), with_extension(moved, CrashReportDatabase::kMetadataExtension).c_str()) == 0 &&
+  std::string moved_metadata = with_extension(moved, CrashReportDatabase::kMetadataExtension);
+  return std::rename(metadata.c_str(), moved_metadata.c_str()) == 0 &&
          std::rename(dump_path.c_str(), moved.c_str()) == 0;
 }
 
@@ -141,7 +142,8 @@ std::string CrashReportDatabase::store_report(const std::string& uuid, std::stri
   std::string written = path_ + "/new/" + uuid + std::string(kReportExtension);
   std::string written_metadata = with_extension(written, kMetadataExtension);
   if (!write_file_atomically(written + ".tmp", written, dump) ||
-      !write_file_atomically(written_metadata + ".tmp", written_metadata, format_metadata(metadata)) ||
+      !write_file_atomically(written_metadata + ".tmp", written_metadata,
+                             format_metadata(metadata)) ||
       !move_report(written, path_ + "/pending")) {
     remove_report(written);
     return {};

@@ -26,7 +26,9 @@ std::string output_of(const std::string& command) {
   FILE* pipe = popen((command + " 2>/dev/null").c_str(), "r");
   if (pipe == nullptr) return text;
   char buffer[4096];
-  for (std::size_t got; (got = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;) text.append(buffer, got);
+  for (std::size_t got; (got = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;) {
+    text.append(buffer, got);
+  }
   pclose(pipe);
   return text;
 }
@@ -57,7 +59,8 @@ std::string add_symbols(const std::string& store, const std::string& module) {
 // tables take the reader through abort() and std::thread::join() as a crash
 // server's system symbols would.
 std::string make_symbol_store(const std::string& store) {
-  for (void* function : {reinterpret_cast<void*>(&::abort), reinterpret_cast<void*>(&std::terminate)}) {
+  for (void* function :
+       {reinterpret_cast<void*>(&::abort), reinterpret_cast<void*>(&std::terminate)}) {
     Dl_info library{};
     if (dladdr(function, &library) != 0 && library.dli_fname != nullptr) {
       add_symbols(store, library.dli_fname);
@@ -81,7 +84,8 @@ struct Walk {
 
 Walk walk(const std::string& dump, const std::string& store) {
   Walk result;
-  std::istringstream lines(output_of("'" + kTools + "/minidump_stackwalk' -m '" + dump + "' '" + store + "'"));
+  std::istringstream lines(
+      output_of("'" + kTools + "/minidump_stackwalk' -m '" + dump + "' '" + store + "'"));
   for (std::string line; std::getline(lines, line);) {
     auto f = split(line, '|');
     if (f.size() >= 4 && f[0] == "Crash") {
@@ -89,8 +93,10 @@ Walk walk(const std::string& dump, const std::string& store) {
       result.crashing_thread = std::atoi(f[3].c_str());
     } else if (f.size() >= 5 && f[0] == "Module") {
       result.module_ids[f[1]] = f[4];
-    } else if (f.size() >= 7 && !f[0].empty() && std::isdigit(static_cast<unsigned char>(f[0][0]))) {
-      result.threads[std::atoi(f[0].c_str())].push_back({f[2], f[3], f[4], std::atoi(f[5].c_str())});
+    } else if (f.size() >= 7 && !f[0].empty() &&
+               std::isdigit(static_cast<unsigned char>(f[0][0]))) {
+      Frame frame{f[2], f[3], f[4], std::atoi(f[5].c_str())};
+      result.threads[std::atoi(f[0].c_str())].push_back(frame);
     }
   }
   return result;
@@ -100,7 +106,9 @@ Walk walk(const std::string& dump, const std::string& store) {
 bool names_in_top_frames(const std::vector<Frame>& frames, const std::string& function) {
   for (std::size_t i = 0; i < frames.size() && i < 6; ++i) {
     const Frame& f = frames[i];
-    if (f.function == function && f.file.ends_with("/crash_test_helper.cpp") && f.line > 0) return true;
+    if (f.function == function && f.file.ends_with("/crash_test_helper.cpp") && f.line > 0) {
+      return true;
+    }
   }
   return false;
 }

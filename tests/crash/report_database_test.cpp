@@ -74,7 +74,8 @@ TEST(CrashReportDatabase, PrunesByAgeAndThenByTotalSize) {
   const std::int64_t now = 1700000000;
   auto store = [&](const char* name, std::int64_t age, std::size_t size) {
     std::string path = database->store_report(name, std::string(size, 'd'), {});
-    auto time = fs::file_time_type::clock::now() - std::chrono::seconds(std::time(nullptr) - now + age);
+    auto time =
+        fs::file_time_type::clock::now() - std::chrono::seconds(std::time(nullptr) - now + age);
     fs::last_write_time(path, time);
     return path;
   };

@@ -199,5 +199,92 @@ TEST(DatabaseLocation, FollowsTheXdgRulesAndNeverMakesAHome) {
   }
 }
 
+// A stand-in handler, a shell script, alone in `folder`.
+void put_handler(const std::string& folder, const std::string& script) {
+  std::filesystem::create_directories(folder);
+  std::string path = folder + "/crashpad_handler";
+  ASSERT_TRUE(write_file_atomically(path + ".tmp", path, script));
+  std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+}
+
+const std::string kDiesAtStart = "#!/bin/sh\nkill -SEGV $$\n";
+// fd 3 is its end of the connection: it dies on the first byte of a crash.
+const std::string kDiesWhileCapturing = "#!/bin/sh\nhead -c 1 <&3 >/dev/null\nkill -SEGV $$\n";
+
+// A handler that dies, at its start or in the middle of a report, neither
+// holds up the program nor takes it down: a normal run ends normally, and a
+// crash ends the program with its own signal.
+TEST(BrokenHandler, NeverHangsOrKillsTheProgram) {
+  struct Case {
+    const std::string* script;
+    const char* mode;
+    int signal;  // 0: a normal exit
+  };
+  const Case cases[] = {{&kDiesAtStart, "run", 0},
+                        {&kDiesAtStart, "segv", SIGSEGV},
+                        {&kDiesWhileCapturing, "run", 0},
+                        {&kDiesWhileCapturing, "segv", SIGSEGV}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(*c.script + c.mode);
+    TempDir dir;
+    put_handler(dir.path() + "/handler", *c.script);
+    HelperProcess helper(c.mode, dir.path(), {}, dir.path() + "/handler");
+    auto facts = helper.read_facts();
+    int status = helper.wait();
+    EXPECT_EQ(facts.count("timeout"), 0u);
+    if (c.signal == 0) {
+      EXPECT_EQ(status, 0);
+    } else {
+      ASSERT_TRUE(WIFSIGNALED(status));
+      EXPECT_EQ(WTERMSIG(status), c.signal);
+    }
+    EXPECT_EQ(helper.stderr_text(), "");
+  }
+}
+
+// orvanta_cli itself, placed beside no handler or beside one that dies, or
+// with nowhere to keep reports: the command's output is the same, and
+// nothing else is printed.
+TEST(CommandLine, WorksTheSameWithoutAWorkingHandler) {
+  const std::string cli = handler_dir() + "/orvanta_cli";
+  // The help names the program by the path it was started with.
+  auto output_of = [](HelperProcess& run, const std::string& program) {
+    std::string text = run.read_output().value_or("?");
+    for (auto at = text.find(program); at != std::string::npos; at = text.find(program)) {
+      text.replace(at, program.size(), "orvanta_cli");
+    }
+    return text;
+  };
+  TempDir reference_dir;
+  HelperProcess reference({cli, "--help"}, reference_dir.path());
+  const std::string expected = output_of(reference, cli);
+  ASSERT_EQ(reference.wait(), 0);
+  ASSERT_NE(expected, "");
+
+  enum class Setup { unwritable_data, missing_handler, dying_handler };
+  for (Setup setup : {Setup::unwritable_data, Setup::missing_handler, Setup::dying_handler}) {
+    SCOPED_TRACE(static_cast<int>(setup));
+    TempDir dir;
+    std::string program = cli;
+    std::vector<std::string> env;
+    if (setup == Setup::unwritable_data) {
+      std::fclose(std::fopen((dir.path() + "/file").c_str(), "w"));
+      env.push_back("XDG_DATA_HOME=" + dir.path() + "/file");
+    } else {
+      // The handler is looked for beside the running program.
+      program = dir.path() + "/bin/orvanta_cli";
+      if (setup == Setup::dying_handler) put_handler(dir.path() + "/bin", kDiesAtStart);
+      std::filesystem::create_directories(dir.path() + "/bin");
+      std::error_code ec;
+      std::filesystem::create_hard_link(cli, program, ec);
+      if (ec) std::filesystem::copy_file(cli, program);
+    }
+    HelperProcess run({program, "--help"}, dir.path(), env);
+    EXPECT_EQ(output_of(run, program), expected);
+    EXPECT_EQ(run.wait(), 0);
+    EXPECT_EQ(run.stderr_text(), "");
+  }
+}
+
 }  // namespace
 }  // namespace orvanta::crash::test

@@ -65,9 +65,14 @@ TEST(CrashReporterStart, HandlerArgumentsReachTheHandler) {
   ASSERT_TRUE(CrashReporter::instance().start(config));
   pid_t handler = handler_once_spawned();
   ASSERT_GT(handler, 0);
-  auto cmdline = read_file("/proc/" + std::to_string(handler) + "/cmdline").value_or("");
-  EXPECT_NE(cmdline.find(std::string("\0--no-rate-limit\0--annotation=extra=1\0", 38)),
-            std::string::npos);
+  // The new process may still be on its way through exec.
+  const std::string expected("\0--no-rate-limit\0--annotation=extra=1\0", 38);
+  std::string cmdline;
+  for (int i = 0; i < 2000 && cmdline.find(expected) == std::string::npos; ++i) {
+    cmdline = read_file("/proc/" + std::to_string(handler) + "/cmdline").value_or("");
+    usleep(1000);
+  }
+  EXPECT_NE(cmdline.find(expected), std::string::npos) << cmdline;
 }
 
 TEST(CrashReporterStart, FailsWhenTheHandlerIsMissing) {

@@ -28,17 +28,19 @@ class CrashReporter {
   // Opens the database at data_dir/Crashpad (creating it), records whether
   // uploads are enabled (exactly when upload_url is not empty), starts
   // handler_dir/crashpad_handler with the annotations and arguments derived
-  // from `config` and waits until it is ready, then registers the simple
-  // annotations with "application_is_quitting" set to "false". A second
-  // call replaces the handler of the first. Returns true when the handler
-  // started; false when either directory is empty, the database cannot be
-  // created or opened, or the handler does not start. It never prints.
+  // from `config` without waiting for it to be ready, then registers the
+  // simple annotations with "application_is_quitting" set to "false". A
+  // second call replaces the handler of the first. Returns true when the
+  // handler is on its way; false when either directory is empty, the
+  // database cannot be created or opened, or the handler is missing or
+  // cannot be started. It never prints.
   bool start(const CrashReporterConfig& config);
 
   // Whether the latest start succeeded.
   bool started() const;
 
-  // The running handler's process id; -1 when there is none.
+  // The running handler's process id; -1 when there is none, or none yet
+  // (the handler is spawned just after start returns).
   pid_t handler_pid() const;
 
  private:

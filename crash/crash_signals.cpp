@@ -21,22 +21,23 @@ std::atomic<bool> g_reporting{false};
 // Sent in place of the table when none is registered.
 const SimpleStringDictionary g_no_annotations{};
 
-CrashRegisters registers_of(const void* context) {
-  CrashRegisters registers;
+// Runs inside the signal handler: plain copies only.
+void copy_context(const void* context, CrashContext& out) {
   const auto* uc = static_cast<const ucontext_t*>(context);
 #if defined(__x86_64__)
-  registers.pc = static_cast<std::uint64_t>(uc->uc_mcontext.gregs[REG_RIP]);
-  registers.sp = static_cast<std::uint64_t>(uc->uc_mcontext.gregs[REG_RSP]);
-  registers.fp = static_cast<std::uint64_t>(uc->uc_mcontext.gregs[REG_RBP]);
-#elif defined(__aarch64__)
-  registers.pc = uc->uc_mcontext.pc;
-  registers.sp = uc->uc_mcontext.sp;
-  registers.fp = uc->uc_mcontext.regs[29];
-  registers.lr = uc->uc_mcontext.regs[30];
+  static_assert(NGREG <= std::tuple_size_v<decltype(out.general)>);
+  for (int i = 0; i < NGREG; ++i) {
+    out.general[static_cast<std::size_t>(i)] = static_cast<std::uint64_t>(uc->uc_mcontext.gregs[i]);
+  }
+  if (uc->uc_mcontext.fpregs != nullptr) {
+    static_assert(sizeof(*uc->uc_mcontext.fpregs) == std::tuple_size_v<decltype(out.fp)>);
+    __builtin_memcpy(out.fp.data(), uc->uc_mcontext.fpregs, out.fp.size());
+    out.has_fp = 1;
+  }
 #else
   (void)uc;
+  (void)out;
 #endif
-  return registers;
 }
 
 // Everything below runs inside the signal handler: system calls only.
@@ -54,7 +55,11 @@ bool send_all(int fd, const void* data, std::size_t size) {
 
 void wait_for_report(int fd) {
   pollfd watch{fd, POLLIN, 0};
-  if (poll(&watch, 1, kReportTimeoutMs) != 1) return;
+  int ready = 0;
+  do {
+    ready = poll(&watch, 1, kReportTimeoutMs);
+  } while (ready < 0 && errno == EINTR);
+  if (ready != 1) return;
   char answer = 0;
   (void)read(fd, &answer, 1);
 }
@@ -68,7 +73,7 @@ void report(int signal, const siginfo_t* info, const void* context) {
   message.code = info->si_code;
   // si_addr means something only for a fault; a sent signal has a pid there.
   if (info->si_code > 0) message.fault_address = reinterpret_cast<std::uintptr_t>(info->si_addr);
-  message.registers = registers_of(context);
+  copy_context(context, message.context);
   const SimpleStringDictionary* annotations = g_annotations.load();
   message.has_annotations = annotations != nullptr ? 1 : 0;
   if (annotations == nullptr) annotations = &g_no_annotations;

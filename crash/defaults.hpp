@@ -12,9 +12,11 @@ namespace orvanta::crash {
 // it cannot be read.
 std::string default_handler_dir();
 
-// ${XDG_DATA_HOME:-$HOME/.local/share}/com.orvanta.client. Empty when
-// neither variable gives a directory; the reporter then does not start,
-// rather than writing below the working directory.
+// $XDG_DATA_HOME/com.orvanta.client when XDG_DATA_HOME is an absolute
+// path, else $HOME/.local/share/com.orvanta.client when HOME is an absolute
+// path to an existing directory. Empty otherwise; the reporter then does
+// not start, rather than writing below the working directory or making a
+// home directory.
 std::string default_data_dir();
 
 // The upload endpoint this build was configured with (the CMake cache

@@ -1,11 +1,8 @@
 #include "crash/handler_launch.hpp"
 
-#include "crash/store/crash_message.hpp"
-
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
-#include <poll.h>
 #include <spawn.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
@@ -73,35 +70,19 @@ std::vector<std::string> handler_command_line(const HandlerLaunch& launch, pid_t
   return line;
 }
 
-std::optional<SpawnedHandler> spawn_handler(const HandlerLaunch& launch) {
+std::optional<HandlerConnection> make_handler_connection() {
   int ends[2];
   if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) return std::nullopt;
-  pid_t pid = spawn(launch, ends[1]);
-  close(ends[1]);
-  if (pid < 0) {
-    close(ends[0]);
-    return std::nullopt;
-  }
-  // Where the kernel restricts reading another process's memory to its
-  // ancestors, the handler (our child) needs this to read our stack. Where
-  // it does not, the call fails harmlessly.
-  prctl(PR_SET_PTRACER, pid, 0, 0, 0);
-  return SpawnedHandler{pid, ends[0]};
+  return HandlerConnection{ends[0], ends[1]};
 }
 
-bool wait_until_ready(int connection, int timeout_ms) {
-  pollfd watch{connection, POLLIN, 0};
-  int ready = 0;
-  do {
-    ready = poll(&watch, 1, timeout_ms);
-  } while (ready < 0 && errno == EINTR);
-  if (ready != 1) return false;
-  char byte = 0;
-  ssize_t got = 0;
-  do {
-    got = read(connection, &byte, 1);
-  } while (got < 0 && errno == EINTR);
-  return got == 1 && byte == kHandlerReady;
+pid_t spawn_handler(const HandlerLaunch& launch, int handler_end) {
+  pid_t pid = spawn(launch, handler_end);
+  // Where the kernel lets a process be traced only by its ancestors, the
+  // handler (our child) needs this to read our threads. Where it does not,
+  // the call fails harmlessly.
+  if (pid > 0) prctl(PR_SET_PTRACER, pid, 0, 0, 0);
+  return pid;
 }
 
 }  // namespace orvanta::crash

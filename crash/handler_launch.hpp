@@ -27,20 +27,23 @@ inline constexpr int kHandlerClientFd = 3;
 // --client-fd= and --client-pid=.
 std::vector<std::string> handler_command_line(const HandlerLaunch& launch, pid_t client_pid);
 
-struct SpawnedHandler {
-  pid_t pid = -1;
-  int connection = -1;  // our end of the socket pair, close-on-exec
+// The two ends of a new connection between a client and its handler, both
+// close-on-exec; the client keeps `client`, the handler gets `handler`.
+struct HandlerConnection {
+  int client = -1;
+  int handler = -1;
 };
 
-// Starts the handler with posix_spawn: its stdin, stdout and stderr on
-// /dev/null, its end of a new socket pair as kHandlerClientFd, no other
-// descriptor of ours, default signal dispositions, and this process named
-// as the one allowed to read our memory. Returns nullopt when the socket
-// pair or the process cannot be made.
-std::optional<SpawnedHandler> spawn_handler(const HandlerLaunch& launch);
+// Returns nullopt when no socket pair can be made.
+std::optional<HandlerConnection> make_handler_connection();
 
-// Waits at most `timeout_ms` for the handler's ready byte. Returns false
-// when the handler ends, says something else, or stays silent.
-bool wait_until_ready(int connection, int timeout_ms);
+// Starts the handler with posix_spawn, which runs nothing of ours in the
+// child before the exec: its stdin, stdout and stderr on /dev/null,
+// `handler_end` as kHandlerClientFd, no other descriptor of ours, default
+// signal dispositions, and this process named as the one allowed to trace
+// us. The caller still owns `handler_end` and closes it afterwards. Returns
+// the process id, or -1 when the process cannot be made, a missing or
+// unrunnable executable included.
+pid_t spawn_handler(const HandlerLaunch& launch, int handler_end);
 
 }  // namespace orvanta::crash

@@ -1,22 +1,25 @@
-// The handler process. A client starts it with one end of a socket pair,
-// waits for the ready byte, and from then on the handler sleeps in a read
-// on that socket. When the client crashes, its signal handler sends a
+// The handler process. A client starts it with one end of a socket pair and
+// goes on at once; the handler sets itself up and then sleeps in a read on
+// that socket. When the client crashes, its signal handler sends a
 // CrashMessage and its annotations; the handler writes the report into the
 // database and answers. When the client ends, the socket closes and the
 // handler ends with it.
 
-#include "crash/handler/capture.hpp"
 #include "crash/handler/handler_options.hpp"
-#include "crash/handler/report_format.hpp"
-#include "crash/handler/upload.hpp"
+#include "crash/handler/minidump_writer.hpp"
+#include "crash/handler/process_snapshot.hpp"
 #include "crash/store/crash_message.hpp"
 #include "crash/store/report_database.hpp"
 #include "crash/store/simple_dictionary.hpp"
+#include "crash/store/uuid.hpp"
 
 #include <cerrno>
 #include <climits>
 #include <csignal>
+#include <ctime>
 #include <memory>
+#include <string>
+#include <vector>
 #include <sys/prctl.h>
 #include <unistd.h>
 
@@ -60,12 +63,39 @@ void write_report(const HandlerOptions& options, const CrashMessage& message,
                   const SimpleStringDictionary& dictionary) {
   auto database = CrashReportDatabase::initialize(options.database);
   if (database == nullptr) return;
-  CrashReport report =
-      capture_crash(options, database->settings()->client_id(), message, dictionary);
-  if (database->store_report(report.uuid, format_report(report)).empty()) return;
-  if (database->settings()->uploads_enabled() && !options.url.empty()) {
-    upload_pending_reports(*database, options.url, options.rate_limit);
+  ProcessSnapshot snapshot = capture_process(options.client_pid, message);
+  ReportMetadata metadata;
+  metadata.annotations = options.annotations;
+  if (message.has_annotations != 0) {
+    for (auto& [key, value] : dictionary.entries()) {
+      metadata.annotations.insert_or_assign(key, value);
+    }
   }
+  std::string dump = write_minidump(snapshot, static_cast<std::uint32_t>(std::time(nullptr)));
+  (void)database->store_report(random_uuid(), dump, metadata);
+}
+
+// After a crash the client is gone, and the handler becomes the uploader
+// beside it, no longer tied to the client's life. Returns only when that
+// cannot be done.
+void become_uploader(const HandlerOptions& options) {
+  auto database = CrashReportDatabase::initialize(options.database);
+  if (database == nullptr || !database->settings()->uploads_enabled() || options.url.empty()) {
+    return;
+  }
+  char self[4096];
+  ssize_t length = readlink("/proc/self/exe", self, sizeof self - 1);
+  if (length <= 0) return;
+  std::string uploader(self, static_cast<std::size_t>(length));
+  uploader = uploader.substr(0, uploader.rfind('/') + 1) + "orvanta_crash_upload";
+  std::string database_option = "--database=" + options.database;
+  std::string url_option = "--url=" + options.url;
+  std::vector<char*> argv{uploader.data(), database_option.data(), url_option.data()};
+  std::string no_rate_limit = "--no-rate-limit";
+  if (!options.rate_limit) argv.push_back(no_rate_limit.data());
+  argv.push_back(nullptr);
+  prctl(PR_SET_PDEATHSIG, 0);
+  execv(uploader.c_str(), argv.data());
 }
 
 void serve(const HandlerOptions& options) {
@@ -76,8 +106,10 @@ void serve(const HandlerOptions& options) {
         !read_exactly(options.client_fd, dictionary.get(), sizeof *dictionary)) {
       return;  // the client has ended
     }
-    if (message.magic == kCrashMessageMagic) write_report(options, message, *dictionary);
+    bool crashed = message.magic == kCrashMessageMagic;
+    if (crashed) write_report(options, message, *dictionary);
     if (!send_byte(options.client_fd, kReportWritten)) return;
+    if (crashed) become_uploader(options);
   }
 }
 
@@ -87,9 +119,8 @@ void serve(const HandlerOptions& options) {
 int main(int argc, char** argv) {
   using namespace orvanta::crash;
   auto options = parse_handler_options(argc, argv);
-  if (!options) return 2;
+  if (!options) return 2;  // refused: the client does not start it again
   if (!bind_to_client(*options)) return 0;
-  if (!send_byte(options->client_fd, kHandlerReady)) return 0;
   serve(*options);
   return 0;
 }

@@ -1,22 +1,30 @@
 #pragma once
 
-#include "crash/store/report_database.hpp"
-
 #include <cstddef>
+#include <cstdint>
 #include <string>
+
+#include "crash/store/report_database.hpp"
 
 namespace orvanta::crash {
 
-// Sends the reports in pending/ to `url` and moves each one sent to
-// completed/; with `rate_limit`, at most one upload an hour would go out.
-//
-// This build has no HTTP client, and the machines it runs on reach no
-// upload endpoint, so nothing is sent: every report stays complete in
-// pending/, where a build with a client, or a person, can pick it up. The
-// handler calls this only when the database allows uploads and a URL is
-// set, which the default build (an empty URL) never does. Returns the
-// number of reports sent, so 0.
+// With rate limiting, at most one upload attempt in this many seconds.
+inline constexpr std::int64_t kUploadInterval = 3600;
+
+// Reports are kept at most a year, and to 128 MB in all.
+inline constexpr std::int64_t kMaxReportAge = 365 * 24 * 3600;
+inline constexpr std::uint64_t kMaxDatabaseBytes = 128u * 1024 * 1024;
+
+// Sends the reports in pending/ to `url`, oldest name first, as an HTTP POST
+// of multipart/form-data: one field per annotation, the database's client
+// id as `guid`, and the dump as the file part `upload_file_minidump`. A
+// report the server accepts (status 2xx) moves to completed/ with the
+// server's answer, trimmed, as its report id; a failed one stays pending.
+// With `rate_limit`, an attempt is made only when the last one is at least
+// kUploadInterval before `now`, and only one; the rest wait for later. The
+// attempt's time is recorded before it is made. Returns the number of
+// reports sent.
 std::size_t upload_pending_reports(CrashReportDatabase& database, const std::string& url,
-                                   bool rate_limit);
+                                   bool rate_limit, std::int64_t now);
 
 }  // namespace orvanta::crash

@@ -1,28 +1,30 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <type_traits>
 
 namespace orvanta::crash {
 
 // The conversation between a client and its handler process over their
-// socket pair. The handler writes kHandlerReady once it can take a crash.
-// A client that receives a fatal signal writes one CrashMessage followed by
-// the bytes of its SimpleStringDictionary (all zero when it has none), and
-// waits for kReportWritten, which the handler sends once the report is in
-// pending/ or has failed for good.
-inline constexpr char kHandlerReady = 'R';
+// socket pair. A client that receives a fatal signal writes one
+// CrashMessage followed by the bytes of its SimpleStringDictionary (all
+// zero when it has none), and waits for kReportWritten, which the handler
+// sends once the report is in pending/ or has failed for good. The client
+// may write before the handler has finished starting: the message waits in
+// the socket.
 inline constexpr char kReportWritten = 'W';
 inline constexpr std::uint32_t kCrashMessageMagic = 0x3152434f;  // "OCR1" in memory order
 
-// The registers that a stack walk starts from. `fp` is the frame pointer
-// (rbp on x86-64, x29 on arm64) and `lr` the link register (x30 on arm64,
-// zero on x86-64); all zero where the build's processor is unknown.
-struct CrashRegisters {
-  std::uint64_t pc = 0;
-  std::uint64_t sp = 0;
-  std::uint64_t fp = 0;
-  std::uint64_t lr = 0;
+// The registers of the crashing thread as its signal delivered them. On
+// x86-64 `general` holds the signal context's general registers in their
+// mcontext order (NGREG of them) and `fp` the FXSAVE area; elsewhere both
+// stay zero.
+struct CrashContext {
+  std::array<std::uint64_t, 32> general{};
+  std::array<std::uint8_t, 512> fp{};
+  std::uint32_t has_fp = 0;
+  std::uint32_t reserved = 0;
 };
 
 struct CrashMessage {
@@ -31,12 +33,12 @@ struct CrashMessage {
   std::int32_t signal = 0;
   std::int32_t code = 0;              // si_code
   std::uint64_t fault_address = 0;    // si_addr; zero for a signal sent by a process
-  CrashRegisters registers;
   std::uint32_t has_annotations = 0;  // 1 when the dictionary bytes are a real table
   std::uint32_t reserved = 0;
+  CrashContext context;
 };
 
 static_assert(std::is_trivially_copyable_v<CrashMessage>);
-static_assert(sizeof(CrashMessage) == 64);
+static_assert(sizeof(CrashMessage) == 32 + 256 + 512 + 8);
 
 }  // namespace orvanta::crash

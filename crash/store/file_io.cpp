@@ -7,8 +7,8 @@
 
 namespace orvanta::crash {
 
-std::optional<std::string> read_file(const std::string& path) {
-  int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+std::optional<std::string> read_file(const std::string& path, bool follow_link) {
+  int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC | (follow_link ? 0 : O_NOFOLLOW));
   if (fd < 0) return std::nullopt;
   std::string contents;
   char buffer[8192];
@@ -42,7 +42,10 @@ bool write_all(int fd, std::string_view contents) {
 
 bool write_file_atomically(const std::string& temporary_path, const std::string& path,
                            std::string_view contents) {
-  int fd = open(temporary_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+  // A leftover of an earlier attempt goes first; whatever is found at the
+  // name after that (a link planted meanwhile) makes the open fail.
+  unlink(temporary_path.c_str());
+  int fd = open(temporary_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
   if (fd < 0) return false;
   bool written = write_all(fd, contents) && fsync(fd) == 0;
   written = close(fd) == 0 && written;

@@ -2,15 +2,17 @@
 // and then crashes, ends or waits as told.
 
 #include "crash/defaults.hpp"
+#include "crash/store/file_io.hpp"
+#include "crash/store/report_database.hpp"
 #include "tests/crash/test_support.hpp"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <csignal>
-#include <cstdlib>
+#include <cstring>
 #include <filesystem>
-#include <sstream>
+#include <set>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 namespace orvanta::crash::test {
@@ -20,42 +22,26 @@ std::string database_of(const TempDir& dir) {
   return dir.path() + "/com.orvanta.client/Crashpad";
 }
 
-bool has_line(const std::vector<std::string>& lines, const std::string& line) {
-  return std::find(lines.begin(), lines.end(), line) != lines.end();
+ReportMetadata metadata_of_only_report(const TempDir& dir) {
+  std::string dump = only_pending_dump(database_of(dir));
+  return CrashReportDatabase::metadata_of(dump).value_or(ReportMetadata{});
 }
 
-bool has_line_starting(const std::vector<std::string>& lines, const std::string& start) {
-  return std::any_of(lines.begin(), lines.end(),
-                     [&](const std::string& line) { return line.starts_with(start); });
-}
-
-// "frame N ADDRESS TRUST MODULE+0xOFFSET" or "... TRUST ?"
-struct FrameLine {
-  std::string trust;
-  std::string module;
-  std::uint64_t offset = 0;
-};
-
-std::vector<FrameLine> frames_of(const std::vector<std::string>& lines) {
-  std::vector<FrameLine> frames;
-  for (const std::string& line : lines) {
-    if (!line.starts_with("frame ")) continue;
-    std::istringstream fields(line);
-    std::string word, index, address, place;
-    FrameLine frame;
-    fields >> word >> index >> address >> frame.trust >> place;
-    auto plus = place.rfind("+0x");
-    if (plus != std::string::npos) {
-      frame.module = place.substr(0, plus);
-      frame.offset = std::stoull(place.substr(plus + 3), nullptr, 16);
-    }
-    frames.push_back(frame);
+// The stream types listed in a dump's directory; empty when the file is
+// not a minidump.
+std::set<std::uint32_t> stream_types(const std::string& dump_path) {
+  std::string dump = read_file(dump_path).value_or("");
+  std::uint32_t header[4] = {};
+  if (dump.size() < sizeof header) return {};
+  std::memcpy(header, dump.data(), sizeof header);
+  if (header[0] != 0x504d444d || dump.size() < header[3] + header[2] * 12ull) return {};
+  std::set<std::uint32_t> types;
+  for (std::uint32_t i = 0; i < header[2]; ++i) {
+    std::uint32_t type = 0;
+    std::memcpy(&type, dump.data() + header[3] + i * 12, 4);
+    types.insert(type);
   }
-  return frames;
-}
-
-std::string hex16(const std::string& digits) {
-  return "0x" + std::string(16 - std::min<std::size_t>(16, digits.size()), '0') + digits;
+  return types;
 }
 
 struct SignalCase {
@@ -77,28 +63,23 @@ TEST_P(FatalSignal, LeavesOneCompleteReportAndEndsTheProgramWithThatSignal) {
   EXPECT_EQ(WTERMSIG(status), c.signal);
   EXPECT_TRUE(wait_until_gone(std::stoi(facts["handler"])));
 
-  auto lines = only_pending_report(database_of(dir));
-  ASSERT_FALSE(lines.empty());
-  EXPECT_EQ(lines.front(), "orvanta crash report 1");
-  EXPECT_EQ(lines.back(), "end");
-  EXPECT_TRUE(has_line(lines, "pid " + facts["pid"]));
-  EXPECT_TRUE(has_line(lines, "signal " + std::to_string(c.signal) + " " + c.name));
-  if (facts.count("fault_address")) {
-    EXPECT_TRUE(has_line(lines, "fault_address " + hex16(facts["fault_address"])));
-  }
-  for (std::string expected :
-       {"annotation format=minidump", "annotation product=orvanta",
-        "annotation version=1.2.93.667", "annotation ptype=orvanta_cli",
-        "simple_annotation application_is_quitting=false"}) {
-    EXPECT_TRUE(has_line(lines, expected)) << expected;
-  }
-  EXPECT_TRUE(has_line(lines, "annotation platform=" + std::string(build_platform())));
-  EXPECT_FALSE(has_line_starting(lines, "annotation app_variant="));
-  EXPECT_FALSE(has_line_starting(lines, "annotation tc_build_id="));
-  EXPECT_FALSE(has_line_starting(lines, "note ")) << "the handler could not read everything";
-  auto frames = frames_of(lines);
-  ASSERT_FALSE(frames.empty());
-  EXPECT_EQ(frames[0].trust, "context");
+  std::string dump = only_pending_dump(database_of(dir));
+  ASSERT_FALSE(dump.empty());
+  struct stat info {};
+  ASSERT_EQ(stat(dump.c_str(), &info), 0);
+  EXPECT_EQ(info.st_mode & 0777, 0600u);
+  // thread list, module list, memory list, exception, system info, the
+  // Linux files; never the environment (0x47670007).
+  const std::set<std::uint32_t> expected = {3, 4, 5, 6, 7, 0x47670003, 0x47670004, 0x47670005,
+                                            0x47670006, 0x47670008, 0x47670009};
+  EXPECT_EQ(stream_types(dump), expected);
+
+  ReportMetadata metadata = metadata_of_only_report(dir);
+  const std::map<std::string, std::string> annotations = {
+      {"format", "minidump"},  {"platform", std::string(build_platform())},
+      {"product", "orvanta"},  {"version", "1.2.93.667"},
+      {"ptype", "orvanta_cli"}, {"application_is_quitting", "false"}};
+  EXPECT_EQ(metadata.annotations, annotations);
   EXPECT_TRUE(std::filesystem::is_empty(database_of(dir) + "/new"));
 }
 
@@ -107,35 +88,16 @@ INSTANTIATE_TEST_SUITE_P(Crash, FatalSignal,
                                            SignalCase{"bus", SIGBUS, "SIGBUS"},
                                            SignalCase{"ill", SIGILL, "SIGILL"},
                                            SignalCase{"fpe", SIGFPE, "SIGFPE"},
-                                           SignalCase{"abort", SIGABRT, "SIGABRT"}),
+                                           SignalCase{"abort", SIGABRT, "SIGABRT"},
+                                           SignalCase{"thread", SIGSEGV, "SIGSEGV"}),
                          [](const auto& test) { return std::string(test.param.mode); });
-
-// The helper faults in a frameless leaf called from crash_by_segv; both must
-// be found, in the helper's own module, at the offsets it printed.
-TEST(CrashStack, NamesTheFaultingFunctionAndItsCaller) {
-  TempDir dir;
-  HelperProcess helper("segv", dir.path());
-  auto facts = helper.read_facts();
-  helper.wait();
-  auto frames = frames_of(only_pending_report(database_of(dir)));
-  ASSERT_GE(frames.size(), 3u);
-  const std::string module = std::filesystem::canonical(helper_path()).string();
-  const std::uint64_t fault = std::stoull(facts["fault_function"], nullptr, 16);
-  const std::uint64_t caller = std::stoull(facts["caller_function"], nullptr, 16);
-  EXPECT_EQ(frames[0].module, module);
-  EXPECT_GE(frames[0].offset, fault);
-  EXPECT_LT(frames[0].offset, fault + 64);
-  EXPECT_EQ(frames[1].module, module);
-  EXPECT_GT(frames[1].offset, caller);
-  EXPECT_LT(frames[1].offset, caller + 512);
-}
 
 TEST(CrashAnnotations, BuildIdFromTheEnvironmentReachesTheReport) {
   TempDir dir;
   HelperProcess helper("abort", dir.path(), {"TEAMCITY_BUILD_ID=4711"});
   helper.read_facts();
   helper.wait();
-  EXPECT_TRUE(has_line(only_pending_report(database_of(dir)), "annotation tc_build_id=4711"));
+  EXPECT_EQ(metadata_of_only_report(dir).annotations["tc_build_id"], "4711");
 }
 
 TEST(HandlerLifetime, EndsWithANormalRunAndLeavesNoReport) {
@@ -185,7 +147,7 @@ TEST(HandlerLifetime, IsReplacedWhenItDiesAndTheReplacementReports) {
   EXPECT_NE(facts["replacement"], facts["handler"]);
   ASSERT_TRUE(WIFSIGNALED(status));
   EXPECT_EQ(WTERMSIG(status), SIGSEGV);
-  EXPECT_EQ(only_pending_report(database_of(dir)).back(), "end");
+  EXPECT_FALSE(only_pending_dump(database_of(dir)).empty());
   EXPECT_TRUE(wait_until_gone(std::stoi(facts["handler"])));
   EXPECT_TRUE(wait_until_gone(std::stoi(facts["replacement"])));
 }
@@ -204,6 +166,124 @@ TEST(HandlerLifetime, UnwritableDataDirectoryLeavesTheRunQuiet) {
   EXPECT_EQ(facts["handler"], "-1");
   EXPECT_EQ(status, 0);
   EXPECT_EQ(helper.stderr_text(), "");
+}
+
+// Only an absolute XDG_DATA_HOME counts, and $HOME is used but never made:
+// the helper runs in `dir`, so a relative path would land there.
+TEST(DatabaseLocation, FollowsTheXdgRulesAndNeverMakesAHome) {
+  struct Case {
+    const char* xdg;
+    const char* home;        // below the test's directory
+    const char* database;    // below the test's directory; nullptr: none at all
+  };
+  const Case cases[] = {
+      {"relative/dir", "home", "home/.local/share/com.orvanta.client/Crashpad"},
+      {"", "missing-home", nullptr},
+      {"relative/dir", "missing-home", nullptr},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::string(c.xdg) + " " + c.home);
+    TempDir dir;
+    std::filesystem::create_directory(dir.path() + "/home");
+    HelperProcess helper("run", dir.path(),
+                         {std::string("XDG_DATA_HOME=") + c.xdg,
+                          "HOME=" + dir.path() + "/" + c.home});
+    auto facts = helper.read_facts();
+    EXPECT_EQ(helper.wait(), 0);
+    EXPECT_EQ(facts["started"], c.database != nullptr ? "1" : "0");
+    if (c.database != nullptr) {
+      EXPECT_TRUE(std::filesystem::is_directory(dir.path() + "/" + c.database + "/pending"));
+    }
+    EXPECT_FALSE(std::filesystem::exists(dir.path() + "/relative"));
+    EXPECT_FALSE(std::filesystem::exists(dir.path() + "/missing-home"));
+  }
+}
+
+// A stand-in handler, a shell script, alone in `folder`.
+void put_handler(const std::string& folder, const std::string& script) {
+  std::filesystem::create_directories(folder);
+  std::string path = folder + "/crashpad_handler";
+  ASSERT_TRUE(write_file_atomically(path + ".tmp", path, script));
+  std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+}
+
+const std::string kDiesAtStart = "#!/bin/sh\nkill -SEGV $$\n";
+// fd 3 is its end of the connection: it dies on the first byte of a crash.
+const std::string kDiesWhileCapturing = "#!/bin/sh\nhead -c 1 <&3 >/dev/null\nkill -SEGV $$\n";
+
+// A handler that dies, at its start or in the middle of a report, neither
+// holds up the program nor takes it down: a normal run ends normally, and a
+// crash ends the program with its own signal.
+TEST(BrokenHandler, NeverHangsOrKillsTheProgram) {
+  struct Case {
+    const std::string* script;
+    const char* mode;
+    int signal;  // 0: a normal exit
+  };
+  const Case cases[] = {{&kDiesAtStart, "run", 0},
+                        {&kDiesAtStart, "segv", SIGSEGV},
+                        {&kDiesWhileCapturing, "run", 0},
+                        {&kDiesWhileCapturing, "segv", SIGSEGV}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(*c.script + c.mode);
+    TempDir dir;
+    put_handler(dir.path() + "/handler", *c.script);
+    HelperProcess helper(c.mode, dir.path(), {}, dir.path() + "/handler");
+    auto facts = helper.read_facts();
+    int status = helper.wait();
+    EXPECT_EQ(facts.count("timeout"), 0u);
+    if (c.signal == 0) {
+      EXPECT_EQ(status, 0);
+    } else {
+      ASSERT_TRUE(WIFSIGNALED(status));
+      EXPECT_EQ(WTERMSIG(status), c.signal);
+    }
+    EXPECT_EQ(helper.stderr_text(), "");
+  }
+}
+
+// orvanta_cli itself, placed beside no handler or beside one that dies, or
+// with nowhere to keep reports: the command's output is the same, and
+// nothing else is printed.
+TEST(CommandLine, WorksTheSameWithoutAWorkingHandler) {
+  const std::string cli = handler_dir() + "/orvanta_cli";
+  // The help names the program by the path it was started with.
+  auto output_of = [](HelperProcess& run, const std::string& program) {
+    std::string text = run.read_output().value_or("?");
+    for (auto at = text.find(program); at != std::string::npos; at = text.find(program)) {
+      text.replace(at, program.size(), "orvanta_cli");
+    }
+    return text;
+  };
+  TempDir reference_dir;
+  HelperProcess reference({cli, "--help"}, reference_dir.path());
+  const std::string expected = output_of(reference, cli);
+  ASSERT_EQ(reference.wait(), 0);
+  ASSERT_NE(expected, "");
+
+  enum class Setup { unwritable_data, missing_handler, dying_handler };
+  for (Setup setup : {Setup::unwritable_data, Setup::missing_handler, Setup::dying_handler}) {
+    SCOPED_TRACE(static_cast<int>(setup));
+    TempDir dir;
+    std::string program = cli;
+    std::vector<std::string> env;
+    if (setup == Setup::unwritable_data) {
+      std::fclose(std::fopen((dir.path() + "/file").c_str(), "w"));
+      env.push_back("XDG_DATA_HOME=" + dir.path() + "/file");
+    } else {
+      // The handler is looked for beside the running program.
+      program = dir.path() + "/bin/orvanta_cli";
+      if (setup == Setup::dying_handler) put_handler(dir.path() + "/bin", kDiesAtStart);
+      std::filesystem::create_directories(dir.path() + "/bin");
+      std::error_code ec;
+      std::filesystem::create_hard_link(cli, program, ec);
+      if (ec) std::filesystem::copy_file(cli, program);
+    }
+    HelperProcess run({program, "--help"}, dir.path(), env);
+    EXPECT_EQ(output_of(run, program), expected);
+    EXPECT_EQ(run.wait(), 0);
+    EXPECT_EQ(run.stderr_text(), "");
+  }
 }
 
 }  // namespace

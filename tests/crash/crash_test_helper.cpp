@@ -8,6 +8,8 @@
 // hold     start, report, close stdout and stderr, exit 0 at end of stdin
 // restart  start, kill the handler, wait for its replacement, then as segv
 // segv bus ill fpe abort   start, report, die of that signal
+// thread   start, report, die of SIGSEGV on a second thread while the
+//          first waits for it
 //
 // It is built with frame pointers and without sibling calls, so that the
 // stack of a crash is the one written here.
@@ -88,6 +90,12 @@ ORVANTA_UNCHECKED void crash_by_fpe() {
 #endif
 }
 
+ORVANTA_UNCHECKED void crash_by_abort() { std::abort(); }
+
+ORVANTA_UNCHECKED void crash_on_second_thread() {
+  std::thread([] { write_to_fault_address(); }).join();
+}
+
 bool start_reporter(const char* handler_dir) {
   orvanta::crash::CrashReporterConfig config;
   config.handler_dir = handler_dir;
@@ -95,9 +103,22 @@ bool start_reporter(const char* handler_dir) {
   config.product = "orvanta";
   config.version = "1.2.93.667";
   config.ptype = "orvanta_cli";
-  config.upload_url = orvanta::crash::build_upload_url();
+  // The tests point uploads at their own endpoint.
+  const char* url = std::getenv("ORVANTA_TEST_UPLOAD_URL");
+  config.upload_url = url != nullptr ? url : orvanta::crash::build_upload_url();
   config.rate_limit = true;
   return CrashReporter::instance().start(config);
+}
+
+// The handler is spawned just after the start returns; this waits for it.
+pid_t started_handler() {
+  auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+  while (std::chrono::steady_clock::now() < deadline) {
+    pid_t pid = CrashReporter::instance().handler_pid();
+    if (pid > 0) return pid;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  return -1;
 }
 
 // The watcher restarts a dead handler after a pause; this waits for it.
@@ -129,7 +150,7 @@ int main(int argc, char** argv) {
   std::string_view mode = argv[2];
   bool started = start_reporter(argv[1]);
   std::printf("started %d\nhandler %d\npid %d\n", started ? 1 : 0,
-              static_cast<int>(CrashReporter::instance().handler_pid()),
+              static_cast<int>(started ? started_handler() : -1),
               static_cast<int>(getpid()));
   if (mode == "restart") {
     std::printf("replacement %d\n",
@@ -146,6 +167,7 @@ int main(int argc, char** argv) {
   if (mode == "bus") crash_by_bus();
   if (mode == "ill") crash_by_ill();
   if (mode == "fpe") crash_by_fpe();
-  if (mode == "abort") std::abort();
+  if (mode == "abort") crash_by_abort();
+  if (mode == "thread") crash_on_second_thread();
   return 65;
 }

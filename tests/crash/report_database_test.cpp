@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <ctime>
 #include <filesystem>
 
 namespace orvanta::crash {
@@ -25,11 +27,14 @@ TEST(CrashReportDatabase, CreatesItsFoldersAndKeepsItsSettingsAcrossOpens) {
   EXPECT_EQ(id.size(), 36u);
   EXPECT_FALSE(database->settings()->uploads_enabled());
   EXPECT_TRUE(database->settings()->set_uploads_enabled(true));
-  EXPECT_EQ(read_file(path + "/settings"), "client_id=" + id + "\nuploads_enabled=1\n");
+  EXPECT_TRUE(database->settings()->set_last_upload_attempt(1700000000));
+  EXPECT_EQ(read_file(path + "/settings"),
+            "client_id=" + id + "\nuploads_enabled=1\nlast_upload_attempt=1700000000\n");
 
   auto reopened = CrashReportDatabase::initialize(path);
   EXPECT_EQ(reopened->settings()->client_id(), id);
   EXPECT_TRUE(reopened->settings()->uploads_enabled());
+  EXPECT_EQ(reopened->settings()->last_upload_attempt(), 1700000000);
 }
 
 TEST(CrashReportDatabase, ReplacesDamagedSettingsWithFreshOnes) {
@@ -43,17 +48,64 @@ TEST(CrashReportDatabase, ReplacesDamagedSettingsWithFreshOnes) {
   EXPECT_FALSE(database->settings()->uploads_enabled());
 }
 
-TEST(CrashReportDatabase, StoresAReportInPendingAndMovesItToCompleted) {
+TEST(CrashReportDatabase, StoresAReportInPendingAndMovesItToCompletedWithTheServersId) {
   TempDir dir;
   auto database = CrashReportDatabase::initialize(dir.path());
-  std::string pending = database->store_report("r1", "text\n");
-  EXPECT_EQ(pending, dir.path() + "/pending/r1.report");
-  EXPECT_EQ(read_file(pending), "text\n");
+  ReportMetadata metadata{{{"product", "orvanta"}}, ""};
+  std::string pending = database->store_report("r1", "MDMP", metadata);
+  EXPECT_EQ(pending, dir.path() + "/pending/r1.dmp");
+  EXPECT_EQ(read_file(pending), "MDMP");
+  EXPECT_EQ(CrashReportDatabase::metadata_of(pending), metadata);
+  EXPECT_EQ(fs::status(pending).permissions(), fs::perms::owner_read | fs::perms::owner_write);
   EXPECT_TRUE(fs::is_empty(dir.path() + "/new"));
   EXPECT_EQ(database->pending_reports(), std::vector<std::string>{pending});
-  EXPECT_TRUE(database->mark_uploaded(pending));
+  EXPECT_TRUE(database->mark_uploaded(pending, "bp-42"));
   EXPECT_TRUE(database->pending_reports().empty());
-  EXPECT_TRUE(fs::exists(dir.path() + "/completed/r1.report"));
+  const std::string completed = dir.path() + "/completed/r1.dmp";
+  EXPECT_EQ(database->completed_reports(), std::vector<std::string>{completed});
+  metadata.server_report_id = "bp-42";
+  EXPECT_EQ(CrashReportDatabase::metadata_of(completed), metadata);
+}
+
+// Ages are the dumps' modification times; the newest reports are kept.
+TEST(CrashReportDatabase, PrunesByAgeAndThenByTotalSize) {
+  TempDir dir;
+  auto database = CrashReportDatabase::initialize(dir.path());
+  const std::int64_t now = 1700000000;
+  auto store = [&](const char* name, std::int64_t age, std::size_t size) {
+    std::string path = database->store_report(name, std::string(size, 'd'), {});
+    auto time =
+        fs::file_time_type::clock::now() - std::chrono::seconds(std::time(nullptr) - now + age);
+    fs::last_write_time(path, time);
+    return path;
+  };
+  store("old", 400 * 86400, 10);
+  std::string done = store("done", 30, 10);
+  ASSERT_TRUE(database->mark_uploaded(done, "id"));
+  store("big", 20, 100);
+  store("new", 10, 50);
+  EXPECT_EQ(database->prune(now, 365 * 86400, 100), 2u);  // old by age, then big by size
+  EXPECT_EQ(database->pending_reports(), std::vector<std::string>{dir.path() + "/pending/new.dmp"});
+  EXPECT_EQ(database->completed_reports().size(), 1u);
+  EXPECT_FALSE(fs::exists(dir.path() + "/pending/old.meta"));
+}
+
+// A link planted in the database is never followed: not as a folder, not
+// as a file that is read, not as a temporary file that is written.
+TEST(CrashReportDatabase, RefusesPlantedSymbolicLinks) {
+  TempDir dir;
+  fs::create_directories(dir.path() + "/elsewhere");
+  fs::create_directories(dir.path() + "/db");
+  fs::create_directory_symlink(dir.path() + "/elsewhere", dir.path() + "/db/pending");
+  EXPECT_EQ(CrashReportDatabase::initialize(dir.path() + "/db"), nullptr);
+
+  auto database = CrashReportDatabase::initialize(dir.path() + "/db2");
+  ASSERT_NE(database, nullptr);
+  fs::create_symlink(dir.path() + "/elsewhere/target", dir.path() + "/db2/new/r1.dmp.tmp");
+  EXPECT_EQ(database->store_report("r1", "MDMP", {}), dir.path() + "/db2/pending/r1.dmp");
+  EXPECT_FALSE(fs::exists(dir.path() + "/elsewhere/target"));
+  fs::create_symlink(dir.path() + "/db2/settings", dir.path() + "/db2/pending/r2.meta");
+  EXPECT_EQ(CrashReportDatabase::metadata_of(dir.path() + "/db2/pending/r2.dmp"), std::nullopt);
 }
 
 TEST(CrashReportDatabase, CannotBeMadeBelowAFile) {

@@ -67,6 +67,12 @@ bool wait_until_gone(pid_t pid) {
 }
 
 HelperProcess::HelperProcess(const std::string& mode, const std::string& work_dir,
+                             const std::vector<std::string>& extra_env,
+                             const std::string& handler_directory)
+    : HelperProcess(std::vector<std::string>{helper_path(), handler_directory, mode}, work_dir,
+                    extra_env) {}
+
+HelperProcess::HelperProcess(std::vector<std::string> args, const std::string& work_dir,
                              const std::vector<std::string>& extra_env) {
   prctl(PR_SET_CHILD_SUBREAPER, 1);
   int in[2];
@@ -79,7 +85,6 @@ HelperProcess::HelperProcess(const std::string& mode, const std::string& work_di
   posix_spawn_file_actions_adddup2(&actions, out[1], 1);
   posix_spawn_file_actions_addopen(&actions, 2, stderr_path_.c_str(), O_WRONLY | O_CREAT, 0600);
   posix_spawn_file_actions_addchdir_np(&actions, work_dir.c_str());
-  std::vector<std::string> args{helper_path(), handler_dir(), mode};
   std::vector<std::string> env = helper_environment(work_dir, extra_env);
   if (posix_spawn(&pid_, args[0].c_str(), &actions, nullptr, pointers(args).data(),
                   pointers(env).data()) != 0) {
@@ -98,16 +103,23 @@ HelperProcess::~HelperProcess() {
   if (pid_ > 0) wait();
 }
 
-std::map<std::string, std::string> HelperProcess::read_facts() {
+std::optional<std::string> HelperProcess::read_output() {
   std::string text;
   char buffer[512];
   for (;;) {
     pollfd readable{stdout_fd_, POLLIN, 0};
-    if (poll(&readable, 1, kBoundMs) != 1) return {{"timeout", "1"}};
+    if (poll(&readable, 1, kBoundMs) != 1) return std::nullopt;
     ssize_t got = read(stdout_fd_, buffer, sizeof buffer);
     if (got <= 0) break;
     text.append(buffer, static_cast<std::size_t>(got));
   }
+  return text;
+}
+
+std::map<std::string, std::string> HelperProcess::read_facts() {
+  auto output = read_output();
+  if (!output) return {{"timeout", "1"}};
+  const std::string& text = *output;
   std::map<std::string, std::string> facts;
   std::istringstream lines(text);
   std::string name;
@@ -129,17 +141,13 @@ int HelperProcess::wait() {
 
 std::string HelperProcess::stderr_text() const { return read_file(stderr_path_).value_or("?"); }
 
-std::vector<std::string> only_pending_report(const std::string& database) {
-  std::vector<std::filesystem::path> reports;
+std::string only_pending_dump(const std::string& database) {
+  std::vector<std::string> dumps;
   std::error_code ec;
   for (const auto& entry : std::filesystem::directory_iterator(database + "/pending", ec)) {
-    reports.push_back(entry.path());
+    if (entry.path().extension() == ".dmp") dumps.push_back(entry.path().string());
   }
-  if (reports.size() != 1) return {};
-  std::vector<std::string> lines;
-  std::istringstream text(read_file(reports[0].string()).value_or(""));
-  for (std::string line; std::getline(text, line);) lines.push_back(line);
-  return lines;
+  return dumps.size() == 1 ? dumps[0] : std::string();
 }
 
 std::string helper_path() { return ORVANTA_BINARY_DIR "/tests/crash_test_helper"; }

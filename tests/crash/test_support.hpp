@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -27,6 +28,10 @@ class TempDir {
 // the process is gone.
 bool wait_until_gone(pid_t pid);
 
+// The path of the helper and of the handler directory of this build.
+std::string helper_path();
+std::string handler_dir();
+
 // crash_test_helper running in a mode: working directory and data home
 // `work_dir`, TEAMCITY_BUILD_ID removed from its environment, the entries of
 // `extra_env` added in front (so they win over the others, XDG_DATA_HOME
@@ -34,6 +39,10 @@ bool wait_until_gone(pid_t pid);
 class HelperProcess {
  public:
   HelperProcess(const std::string& mode, const std::string& work_dir,
+                const std::vector<std::string>& extra_env = {},
+                const std::string& handler_directory = handler_dir());
+  // Any program, `args` its argv, in the same surroundings.
+  HelperProcess(std::vector<std::string> args, const std::string& work_dir,
                 const std::vector<std::string>& extra_env = {});
   ~HelperProcess();
   HelperProcess(const HelperProcess&) = delete;
@@ -41,9 +50,11 @@ class HelperProcess {
 
   pid_t pid() const { return pid_; }
 
-  // Reads stdout until every writer has closed it (60 seconds at most) and
-  // returns its "name value" lines by name; "timeout" is set when the end
-  // never came.
+  // Reads stdout until every writer has closed it (60 seconds at most);
+  // nullopt when the end never came.
+  std::optional<std::string> read_output();
+  // The same, taken as "name value" lines by name; "timeout" is set when the
+  // end never came.
   std::map<std::string, std::string> read_facts();
   void close_stdin();
   // Waits for the exit and returns the wait status.
@@ -57,12 +68,9 @@ class HelperProcess {
   std::string stderr_path_;
 };
 
-// The lines of the one report in `database`/pending; empty when there is
-// not exactly one.
-std::vector<std::string> only_pending_report(const std::string& database);
+// The path of the one dump in `database`/pending; empty when there is not
+// exactly one.
+std::string only_pending_dump(const std::string& database);
 
-// The path of the helper and of the handler directory of this build.
-std::string helper_path();
-std::string handler_dir();
 
 }  // namespace orvanta::crash::test

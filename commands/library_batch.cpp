@@ -24,17 +24,13 @@ int library_batch(const cli::CommandLine& line, Context& context) {
   std::string manifest;
   if (line.from_file()) {
     std::ifstream file(*line.from_file(), std::ios::binary);
-    if (!file) {
-      std::fprintf(context.err, "library batch: could not open file '%s'\n", line.from_file()->c_str());
-      return 1;
-    }
+    if (!file) return context.fail("library batch: could not open file '%s'\n", line.from_file()->c_str());
     // An empty file is left to the decoder to refuse.
     manifest.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
   } else {
-    manifest = read_all(stdin);
+    manifest = read_all(context.in);
     if (manifest.empty()) {
-      std::fprintf(context.err, "library batch: no manifest input (expected JSON on stdin or --from-file)\n");
-      return 1;
+      return context.fail("library batch: no manifest input (expected JSON on stdin or --from-file)\n");
     }
   }
   return run_batch(manifest, line.stop_on_error(), line.json_output(), context);

@@ -99,7 +99,7 @@ struct Sim::State {
         world(state_of(options)),
         dispatcher(world),
         server(context, dispatcher, options.faults, &log) {
-    if (!log.open(options.log_file)) throw std::runtime_error("cannot open the request log");
+    if (!log.open(options.log_file, options.log_connections)) throw std::runtime_error("cannot open the request log");
     dispatcher.set_complete_notification(options.complete_notification);
     if (std::string refusal = server.listen(options.ports); !refusal.empty()) throw std::runtime_error(refusal);
     server.start();

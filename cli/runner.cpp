@@ -6,13 +6,43 @@
 #include <thread>
 
 #include "cli/catch_levels.hpp"
-#include "cli/dispatch.hpp"
+#include "commands/dispatch.hpp"
 #include "commands/program.hpp"
 #include "commands/system.hpp"
 #include "desktop_link/client_id.hpp"
 #include "desktop_link/partner_api_client.hpp"
 
 namespace orvanta::cli {
+namespace {
+
+asio::awaitable<bool> finished(asio::awaitable<void> operation) {
+  co_await std::move(operation);
+  co_return true;
+}
+
+}  // namespace
+
+// The handlers' view of the runner: operations run on the IO thread, the
+// main thread waits for them.
+class CommandRunner::RunContext final : public commands::Context {
+ public:
+  explicit RunContext(CommandRunner& runner) : Context(runner.in_, runner.out_, runner.err_), runner_(runner) {}
+
+  link::PartnerApi& api() override { return *runner_.client_; }
+  link::DesktopAppLauncher& launcher() override { return *runner_.launcher_; }
+  bool connect() override { return runner_.connect(); }
+
+ protected:
+  void run(asio::awaitable<void> operation) override { link::run_and_wait(runner_.context_, std::move(operation)); }
+
+  bool run_within(asio::awaitable<void> operation, std::chrono::milliseconds limit) override {
+    const auto deadline = std::chrono::steady_clock::now() + runner_.timing_.wait_limit.value_or(limit);
+    return link::run_and_wait_until(runner_.context_, finished(std::move(operation)), deadline).has_value();
+  }
+
+ private:
+  CommandRunner& runner_;
+};
 
 CommandRunner::CommandRunner() : CommandRunner(stdout, stderr) {}
 
@@ -26,8 +56,14 @@ CommandRunner::CommandRunner(std::FILE* out, std::FILE* err)
                     out, err) {}
 
 CommandRunner::CommandRunner(const LauncherFactory& make_launcher, const ClientFactory& make_client,
-                             std::FILE* out, std::FILE* err)
-    : io_thread_(context_), launcher_(make_launcher()), client_(make_client(context_)), out_(out), err_(err) {
+                             std::FILE* out, std::FILE* err, Timing timing, std::FILE* in)
+    : io_thread_(context_),
+      launcher_(make_launcher()),
+      client_(make_client(context_)),
+      out_(out),
+      err_(err),
+      timing_(timing),
+      in_(in) {
   link::wait_until_running(context_);
 }
 
@@ -41,7 +77,7 @@ CommandRunner::~CommandRunner() {
 }
 
 int CommandRunner::run(const CommandLine& line) {
-  commands::Context context(*client_, context_, *launcher_, [this] { return connect(); }, out_, err_);
+  RunContext context(*this);
   return run_guarded(err_, [&] { return run_command(line, context); });
 }
 
@@ -62,7 +98,7 @@ int CommandRunner::run_command(const CommandLine& line, commands::Context& conte
     return 1;
   }
   if (!connect()) return 1;
-  return dispatch_command(line, context);
+  return commands::dispatch_command(line, context);
 }
 
 bool CommandRunner::connect() {
@@ -72,7 +108,7 @@ bool CommandRunner::connect() {
     return false;
   }
   // Lets the first login notification arrive before any handler asks.
-  std::this_thread::sleep_for(std::chrono::nanoseconds(100'000'000));
+  std::this_thread::sleep_for(std::chrono::milliseconds(100));
   return true;
 }
 

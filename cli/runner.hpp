@@ -1,8 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include <asio/io_context.hpp>
 
@@ -14,6 +16,12 @@
 
 namespace orvanta::cli {
 
+// The bounded waits of a run, which tests shorten.
+struct RunTiming {
+  // When set, replaces the limit of every bounded wait (folder list's 8 s).
+  std::optional<std::chrono::milliseconds> wait_limit;
+};
+
 // Owns what one command needs at run time (the IO context and its thread,
 // the application control, the client), connects when the command needs the
 // desktop client, runs the handler and turns every exception into one line
@@ -22,6 +30,7 @@ class CommandRunner {
  public:
   using LauncherFactory = std::function<std::unique_ptr<link::DesktopAppLauncher>()>;
   using ClientFactory = std::function<std::unique_ptr<link::PartnerApi>(asio::io_context&)>;
+  using Timing = RunTiming;
 
   // Starts the IO thread and waits until it runs. Throws std::system_error
   // when the thread can't be started.
@@ -31,7 +40,7 @@ class CommandRunner {
   // The same runner around another launcher and client, printing on other
   // streams: how tests put a double in the desktop client's place.
   CommandRunner(const LauncherFactory& make_launcher, const ClientFactory& make_client, std::FILE* out,
-                std::FILE* err);
+                std::FILE* err, Timing timing = {}, std::FILE* in = stdin);
   // Disconnects, stops the IO context and joins its thread. Never throws.
   ~CommandRunner();
 
@@ -47,8 +56,8 @@ class CommandRunner {
   bool connect();
 
  private:
+  class RunContext;
   int run_command(const CommandLine& line, commands::Context& context);
-  int dispatch(const CommandLine& line, commands::Context& context);
 
   asio::io_context context_;
   link::IoThread io_thread_;
@@ -56,6 +65,8 @@ class CommandRunner {
   std::unique_ptr<link::PartnerApi> client_;
   std::FILE* out_;
   std::FILE* err_;
+  Timing timing_;
+  std::FILE* in_;
 };
 
 }  // namespace orvanta::cli

@@ -4,20 +4,18 @@
 #include <cstdint>
 #include <cstdio>
 #include <exception>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <utility>
 
 #include "commands/batch_manifest.hpp"
+#include "commands/library_rules.hpp"
 #include "messages/folder.hpp"
 #include "messages/library.hpp"
 #include "messages/playlist.hpp"
 
 namespace orvanta::commands {
 namespace {
-
-namespace fs = std::filesystem;
 
 // What one op that ran came to: its payload, or the words of its failure.
 struct Outcome {
@@ -66,17 +64,12 @@ Outcome library_contains(const BatchOp& op, Context& context) {
 
 // ---- Playlists ----
 
-// The cover as an absolute path against the working directory, once it is
-// known to exist. Only existence is checked; a failure of the status call
-// other than "not found" throws std::filesystem::filesystem_error.
-std::optional<std::string> cover_path(const std::string& image_file, std::string& error) {
-  const fs::path absolute = fs::absolute(image_file);
-  const fs::file_status status = fs::status(absolute);
-  if (status.type() == fs::file_type::none || status.type() == fs::file_type::not_found) {
-    error = "cover image file not found: " + absolute.string();
-    return std::nullopt;
-  }
-  return absolute.string();
+// The cover image's absolute path into `path`, or the not-found failure.
+std::optional<Outcome> take_cover_image(const std::string& image_file, std::optional<std::string>& path) {
+  const CoverImage image = find_cover_image(image_file);
+  if (!image.exists) return failure("cover image file not found: " + image.path);
+  path = image.path;
+  return std::nullopt;
 }
 
 Outcome playlist_create(const BatchOp& op, Context& context) {
@@ -85,9 +78,9 @@ Outcome playlist_create(const BatchOp& op, Context& context) {
   request.is_public = op.is_public.value_or(false);
   request.description = op.description;
   if (op.image_file) {
-    std::string error;
-    request.cover_image_path = cover_path(*op.image_file, error);
-    if (!request.cover_image_path) return failure(error);
+    if (std::optional<Outcome> missing = take_cover_image(*op.image_file, request.cover_image_path)) {
+      return std::move(*missing);
+    }
   }
   link::Result<messages::PlaylistCreateResponse> created =
       context.run_and_wait(context.api().playlist_create(std::move(request)));
@@ -106,9 +99,9 @@ Outcome playlist_update(const BatchOp& op, Context& context) {
   request.description = op.description;
   request.is_public = op.is_public;
   if (op.image_file) {
-    std::string error;
-    request.cover_image_path = cover_path(*op.image_file, error);
-    if (!request.cover_image_path) return failure(error);
+    if (std::optional<Outcome> missing = take_cover_image(*op.image_file, request.cover_image_path)) {
+      return std::move(*missing);
+    }
   }
   link::Result<messages::PlaylistUpdateResponse> updated =
       context.run_and_wait(context.api().playlist_update(std::move(request)));
@@ -174,44 +167,22 @@ Outcome folder_rename(const BatchOp& op, Context& context) {
   return success(std::move(result));
 }
 
-constexpr std::string_view kRoot = "root";
-
-// Whether `destination` is a folder anywhere in the hierarchy; fails with
-// the words of the listing's failure.
-std::optional<Outcome> check_destination(const std::string& destination, Context& context) {
-  messages::FolderListRequest request;
-  request.recursive = true;
-  link::Result<messages::FolderListResponse> listed = context.run_and_wait(context.api().folder_list(request));
-  if (!listed) {
-    return failure("folder_move failed while validating destination folder: " + listed.error().message());
-  }
-  for (const messages::FolderItem& item : listed->items) {
-    if (item.type == "folder" && item.uri == destination) return std::nullopt;
-  }
-  return failure("folder_move destination folder not found in current library hierarchy: " + destination);
-}
-
-// One request per URI, so that a failure can say how far the moves got;
-// moves that went through stay.
 Outcome folder_move(const BatchOp& op, Context& context) {
-  const std::string destination = op.destination_folder_uri.value_or(std::string(kRoot));
-  if (destination != kRoot) {
-    if (std::optional<Outcome> refused = check_destination(destination, context)) return std::move(*refused);
-  }
-  std::int32_t moved = 0;
-  for (const std::string& uri : op.uris) {
-    messages::FolderMoveRequest request;
-    request.uris = {uri};
-    request.destination_folder_uri = destination;
-    link::Result<messages::FolderMoveResponse> done = context.run_and_wait(context.api().folder_move(request));
-    if (!done) {
-      return failure("folder_move failed after moving " + std::to_string(moved) + "/" +
-                     std::to_string(op.uris.size()) + " item(s): " + done.error().message());
-    }
-    moved += done->moved;
+  const std::string destination = op.destination_folder_uri.value_or(std::string(root_folder));
+  const FolderMove move = move_to_folder(op.uris, destination, context);
+  switch (move.stage) {
+    case FolderMove::Stage::listing_failed:
+      return failure("folder_move failed while validating destination folder: " + move.error);
+    case FolderMove::Stage::destination_missing:
+      return failure("folder_move destination folder not found in current library hierarchy: " + destination);
+    case FolderMove::Stage::move_failed:
+      return failure("folder_move failed after moving " + std::to_string(move.moved) + "/" +
+                     std::to_string(op.uris.size()) + " item(s): " + move.error);
+    case FolderMove::Stage::done:
+      break;
   }
   BatchOpPayload result;
-  result.moved = moved;
+  result.moved = move.moved;
   return success(std::move(result));
 }
 

@@ -146,10 +146,7 @@ int search(const cli::CommandLine& line, Context& context) {
   request.type = owned(line.type_filter());
   request.limit = line.limit();
   link::Result<SearchResponse> found = context.run_and_wait(context.api().search(std::move(request)));
-  if (!found) {
-    std::fprintf(context.err, "Search failed: %s\n", found.error().message().c_str());
-    return 1;
-  }
+  if (!found) return context.fail("Search failed: %s\n", found.error().message().c_str());
   if (line.json_output()) {
     context.print_json(messages::record_codec<SearchResponse>(), *found);
   } else {
@@ -163,10 +160,7 @@ int lookup(const cli::CommandLine& line, Context& context) {
   request.uris = line.uris();
   request.fields = line.fields();
   link::Result<messages::LookupResponse> found = context.run_and_wait(context.api().lookup(std::move(request)));
-  if (!found) {
-    std::fprintf(context.err, "Lookup failed: %s\n", found.error().message().c_str());
-    return 1;
-  }
+  if (!found) return context.fail("Lookup failed: %s\n", found.error().message().c_str());
   // An entity without a name is one the desktop client could not resolve.
   bool any_resolved = false;
   for (const messages::LookupEntity& e : found->entities) {
@@ -184,10 +178,7 @@ int lookup(const cli::CommandLine& line, Context& context) {
 
 int taste(const cli::CommandLine& line, Context& context) {
   link::Result<messages::TasteProfileResponse> profile = context.run_and_wait(context.api().taste_profile());
-  if (!profile) {
-    std::fprintf(context.err, "Failed to get taste profile: %s\n", profile.error().message().c_str());
-    return 1;
-  }
+  if (!profile) return context.fail("Failed to get taste profile: %s\n", profile.error().message().c_str());
   if (line.json_output()) {
     context.print_json(messages::record_codec<messages::TasteProfileResponse>(), *profile);
     return 0;
@@ -208,10 +199,7 @@ int history_top(const cli::CommandLine& line, Context& context) {
   request.type = owned(line.type_filter());
   request.limit = line.limit();
   link::Result<messages::HistoryTopResponse> top = context.run_and_wait(context.api().history_top(std::move(request)));
-  if (!top) {
-    std::fprintf(context.err, "Failed to get top history: %s\n", top.error().message().c_str());
-    return 1;
-  }
+  if (!top) return context.fail("Failed to get top history: %s\n", top.error().message().c_str());
   if (line.json_output()) {
     context.print_json(messages::record_codec<messages::HistoryTopResponse>(), *top);
     return 0;
@@ -234,10 +222,7 @@ int history_recent(const cli::CommandLine& line, Context& context) {
   request.limit = line.limit();
   link::Result<messages::HistoryRecentResponse> recent =
       context.run_and_wait(context.api().history_recent(std::move(request)));
-  if (!recent) {
-    std::fprintf(context.err, "Failed to get recent history: %s\n", recent.error().message().c_str());
-    return 1;
-  }
+  if (!recent) return context.fail("Failed to get recent history: %s\n", recent.error().message().c_str());
   if (line.json_output()) {
     context.print_json(messages::record_codec<messages::HistoryRecentResponse>(), *recent);
     return 0;
@@ -252,10 +237,7 @@ int history_recent(const cli::CommandLine& line, Context& context) {
 
 int now_playing(const cli::CommandLine& line, Context& context) {
   link::Result<messages::NowPlayingResponse> now = context.run_and_wait(context.api().now_playing());
-  if (!now) {
-    std::fprintf(context.err, "Failed to get now playing: %s\n", now.error().message().c_str());
-    return 1;
-  }
+  if (!now) return context.fail("Failed to get now playing: %s\n", now.error().message().c_str());
   // In JSON, nothing playing is the response without `currently_playing`.
   if (line.json_output()) {
     context.print_json(messages::record_codec<messages::NowPlayingResponse>(), *now);

@@ -43,10 +43,7 @@ void print_optional_line(std::FILE* out, const char* label, const std::optional<
 
 int devices_list(const cli::CommandLine& line, Context& context) {
   link::Result<ConnectClusterResponse> cluster = context.run_and_wait(context.api().connect_cluster());
-  if (!cluster) {
-    std::fprintf(context.err, "Failed to list devices: %s\n", cluster.error().message().c_str());
-    return 1;
-  }
+  if (!cluster) return context.fail("Failed to list devices: %s\n", cluster.error().message().c_str());
   if (line.json_output()) {
     context.print_json(messages::record_codec<ConnectClusterResponse>(), *cluster);
     return 0;
@@ -64,17 +61,11 @@ int devices_list(const cli::CommandLine& line, Context& context) {
 int devices_transfer(std::string_view device, Context& context) {
   std::string device_id(device);
   std::error_code ec = context.run_and_wait(context.api().connect_transfer(device_id));
-  if (ec) {
-    std::fprintf(context.err, "Transfer failed: %s\n", ec.message().c_str());
-    return 1;
-  }
+  if (ec) return context.fail("Transfer failed: %s\n", ec.message().c_str());
   if (!wait_until_active(device, context)) {
     // One more request, and no further check.
     ec = context.run_and_wait(context.api().connect_transfer(device_id));
-    if (ec) {
-      std::fprintf(context.err, "Transfer failed on retry: %s\n", ec.message().c_str());
-      return 1;
-    }
+    if (ec) return context.fail("Transfer failed on retry: %s\n", ec.message().c_str());
   }
   std::fprintf(context.out, "Playback transferred\n");
   return 0;
@@ -86,10 +77,7 @@ int devices_volume(const cli::CommandLine& line, Context& context) {
   const int level = std::atoi(std::string(line.argument()).c_str());
   std::string device = line.arguments().empty() ? std::string() : line.arguments().front();
   std::error_code ec = context.run_and_wait(context.api().connect_set_volume(std::move(device), level));
-  if (ec) {
-    std::fprintf(context.err, "Set volume failed: %s\n", ec.message().c_str());
-    return 1;
-  }
+  if (ec) return context.fail("Set volume failed: %s\n", ec.message().c_str());
   std::fprintf(context.out, "Volume set to %d\n", level);
   return 0;
 }
@@ -97,10 +85,7 @@ int devices_volume(const cli::CommandLine& line, Context& context) {
 int devices_info(std::string_view device, Context& context) {
   link::Result<messages::ConnectDeviceInfoResponse> info =
       context.run_and_wait(context.api().connect_device_info(std::string(device)));
-  if (!info) {
-    std::fprintf(context.err, "Failed to get device info: %s\n", info.error().message().c_str());
-    return 1;
-  }
+  if (!info) return context.fail("Failed to get device info: %s\n", info.error().message().c_str());
   std::FILE* out = context.out;
   std::fprintf(out, "%s\n", info->name.c_str());
   std::fprintf(out, "  Type:      %s\n", info->device_type.c_str());
@@ -114,10 +99,7 @@ int devices_info(std::string_view device, Context& context) {
 
 int transfer_to_named_device(std::string_view device, Context& context) {
   link::Result<ConnectClusterResponse> cluster = context.run_and_wait(context.api().connect_cluster());
-  if (!cluster) {
-    std::fprintf(context.err, "Failed to look up devices: %s\n", cluster.error().message().c_str());
-    return 1;
-  }
+  if (!cluster) return context.fail("Failed to look up devices: %s\n", cluster.error().message().c_str());
   bool found = false;
   for (const ConnectDevice& d : cluster->devices) {
     if (d.name == device || d.device_id == device) {
@@ -126,9 +108,8 @@ int transfer_to_named_device(std::string_view device, Context& context) {
     }
   }
   if (!found) {
-    std::fprintf(context.err, "Device '%.*s' not found. Run 'orvanta_cli devices list' to see available devices.\n",
-                 static_cast<int>(device.size()), device.data());
-    return 1;
+    return context.fail("Device '%.*s' not found. Run 'orvanta_cli devices list' to see available devices.\n",
+                        static_cast<int>(device.size()), device.data());
   }
   return devices_transfer(device, context);
 }

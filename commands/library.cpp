@@ -13,10 +13,7 @@ int library_list(const cli::CommandLine& line, Context& context) {
   request.offset = line.offset();
 
   link::Result<messages::LibraryListResponse> list = context.run_and_wait(context.api().library_list(request));
-  if (!list) {
-    std::fprintf(context.err, "library list failed: %s\n", list.error().message().c_str());
-    return 1;
-  }
+  if (!list) return context.fail("library list failed: %s\n", list.error().message().c_str());
   if (line.json_output()) {
     context.print_json(messages::record_codec<messages::LibraryListResponse>(), *list);
     return 0;
@@ -37,10 +34,7 @@ int library_list(const cli::CommandLine& line, Context& context) {
 int library_contains(const cli::CommandLine& line, Context& context) {
   link::Result<messages::LibraryContainsResponse> saved =
       context.run_and_wait(context.api().library_contains(line.uris()));
-  if (!saved) {
-    std::fprintf(context.err, "library contains failed: %s\n", saved.error().message().c_str());
-    return 1;
-  }
+  if (!saved) return context.fail("library contains failed: %s\n", saved.error().message().c_str());
   if (line.json_output()) {
     context.print_json(messages::record_codec<messages::LibraryContainsResponse>(), *saved);
     return 0;
@@ -57,10 +51,7 @@ int library_contains(const cli::CommandLine& line, Context& context) {
 
 int library_add(const cli::CommandLine& line, Context& context) {
   link::Result<messages::LibraryAddResponse> added = context.run_and_wait(context.api().library_add(line.uris()));
-  if (!added) {
-    std::fprintf(context.err, "library add failed: %s\n", added.error().message().c_str());
-    return 1;
-  }
+  if (!added) return context.fail("library add failed: %s\n", added.error().message().c_str());
   std::fprintf(context.out, "Added %d item(s)\n", added->count);
   return 0;
 }
@@ -68,10 +59,7 @@ int library_add(const cli::CommandLine& line, Context& context) {
 int library_remove(const cli::CommandLine& line, Context& context) {
   link::Result<messages::LibraryRemoveResponse> removed =
       context.run_and_wait(context.api().library_remove(line.uris()));
-  if (!removed) {
-    std::fprintf(context.err, "library remove failed: %s\n", removed.error().message().c_str());
-    return 1;
-  }
+  if (!removed) return context.fail("library remove failed: %s\n", removed.error().message().c_str());
   std::fprintf(context.out, "Removed %d item(s)\n", removed->count);
   return 0;
 }

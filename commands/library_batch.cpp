@@ -34,10 +34,7 @@ bool read_manifest(std::FILE* in, std::string& text) {
   return true;
 }
 
-int too_large(Context& context) {
-  std::fprintf(context.err, "library batch: the manifest is larger than 64 MiB\n");
-  return 1;
-}
+int too_large(Context& context) { return context.fail("library batch: the manifest is larger than 64 MiB\n"); }
 
 }  // namespace
 
@@ -45,17 +42,13 @@ int library_batch(const cli::CommandLine& line, Context& context) {
   std::string manifest;
   if (line.from_file()) {
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(line.from_file()->c_str(), "rb"), std::fclose);
-    if (!file) {
-      std::fprintf(context.err, "library batch: could not open file '%s'\n", line.from_file()->c_str());
-      return 1;
-    }
+    if (!file) return context.fail("library batch: could not open file '%s'\n", line.from_file()->c_str());
     // An empty file is left to the decoder to refuse.
     if (!read_manifest(file.get(), manifest)) return too_large(context);
   } else {
-    if (!read_manifest(stdin, manifest)) return too_large(context);
+    if (!read_manifest(context.in, manifest)) return too_large(context);
     if (manifest.empty()) {
-      std::fprintf(context.err, "library batch: no manifest input (expected JSON on stdin or --from-file)\n");
-      return 1;
+      return context.fail("library batch: no manifest input (expected JSON on stdin or --from-file)\n");
     }
   }
   return run_batch(manifest, line.stop_on_error(), line.json_output(), context);

@@ -15,11 +15,22 @@ namespace {
 // "<what>: <message>" and returns 1.
 int run_simple(Context& context, link::Await<messages::EmptyResponse> operation, const char* failure) {
   std::error_code ec = context.run_and_wait(std::move(operation));
-  if (ec) {
-    std::fprintf(context.err, "%s: %s\n", failure, ec.message().c_str());
-    return 1;
-  }
+  if (ec) return context.fail("%s: %s\n", failure, ec.message().c_str());
   return 0;
+}
+
+// What `status --format json` prints. By the time a handler runs, the
+// desktop client is known to be running.
+struct Status {
+  bool running = true;
+  bool logged_in = false;
+};
+
+json::ObjectCodec<Status> status_codec() {
+  json::ObjectCodec<Status> codec;
+  codec.add_field("running",   json::presence::required, &Status::running);
+  codec.add_field("logged_in", json::presence::required, &Status::logged_in);
+  return codec;
 }
 
 // The recogniser has validated these texts; the handlers convert them the
@@ -32,7 +43,7 @@ double to_double(std::string_view text) { return std::atof(std::string(text).c_s
 int status(const cli::CommandLine& line, Context& context) {
   const bool logged_in = context.api().logged_in();
   if (line.json_output()) {
-    std::fprintf(context.out, "{\"running\":true,\"logged_in\":%s}\n", logged_in ? "true" : "false");
+    context.print_json(status_codec(), Status{true, logged_in});
   } else {
     std::fprintf(context.out, "Orvanta desktop client is running\n");
     std::fprintf(context.out, "Logged in: %s\n", logged_in ? "Yes" : "No");
@@ -42,10 +53,7 @@ int status(const cli::CommandLine& line, Context& context) {
 
 int me(Context& context) {
   link::Result<messages::MeResponse> user = context.run_and_wait(context.api().me());
-  if (!user) {
-    std::fprintf(context.err, "Failed to get user info: %s\n", user.error().message().c_str());
-    return 1;
-  }
+  if (!user) return context.fail("Failed to get user info: %s\n", user.error().message().c_str());
   // The profile is JSON in text mode too.
   context.print_json(messages::record_codec<messages::MeResponse>(), *user);
   return 0;
@@ -88,10 +96,7 @@ int shuffle(std::string_view argument, Context& context) {
 }
 
 int repeat(std::string_view argument, Context& context) {
-  if (argument.empty()) {
-    std::fprintf(context.err, "Usage: repeat off|context|track\n");
-    return 1;
-  }
+  if (argument.empty()) return context.fail("Usage: repeat off|context|track\n");
   std::string mode(argument);
   if (run_simple(context, context.api().playback_repeat(mode), "Failed to set repeat") != 0) return 1;
   std::fprintf(context.out, "Repeat: %s\n", mode.c_str());

@@ -1,10 +1,10 @@
 #include "commands/playlist.hpp"
 
-#include <filesystem>
 #include <optional>
 #include <string>
 
 #include "commands/credits.hpp"
+#include "commands/library_rules.hpp"
 #include "messages/record_codecs.hpp"
 
 namespace orvanta::commands {
@@ -12,20 +12,16 @@ namespace {
 
 using messages::PlaylistTrack;
 
-// The desktop client reads the cover from a path of its own, so a relative
-// `--image-file` is made absolute against our working directory. Only its
-// existence is checked here, not its type or size. Fills `cover` and returns
-// true, or returns false after the not-found line. Other failures of the
-// file system throw.
+// Fills `cover` from `--image-file` when there is one; false after the
+// not-found line.
 bool take_cover_image(const cli::CommandLine& line, std::optional<std::string>& cover, Context& context) {
   if (!line.image_file()) return true;
-  const std::filesystem::path path = std::filesystem::absolute(*line.image_file());
-  const std::filesystem::file_type type = std::filesystem::status(path).type();
-  if (type == std::filesystem::file_type::none || type == std::filesystem::file_type::not_found) {
-    std::fprintf(context.err, "cover image file not found: %s\n", path.c_str());
+  const CoverImage image = find_cover_image(*line.image_file());
+  if (!image.exists) {
+    context.fail("cover image file not found: %s\n", image.path.c_str());
     return false;
   }
-  cover = path.string();
+  cover = image.path;
   return true;
 }
 
@@ -51,10 +47,7 @@ int playlist_get(const cli::CommandLine& line, Context& context) {
   request.offset = line.offset();
 
   link::Result<messages::PlaylistGetResponse> playlist = context.run_and_wait(context.api().playlist_get(request));
-  if (!playlist) {
-    std::fprintf(context.err, "playlist get failed: %s\n", playlist.error().message().c_str());
-    return 1;
-  }
+  if (!playlist) return context.fail("playlist get failed: %s\n", playlist.error().message().c_str());
   if (line.json_output()) {
     context.print_json(messages::record_codec<messages::PlaylistGetResponse>(), *playlist);
     return 0;
@@ -76,10 +69,7 @@ int playlist_create(const cli::CommandLine& line, Context& context) {
 
   link::Result<messages::PlaylistCreateResponse> created =
       context.run_and_wait(context.api().playlist_create(std::move(request)));
-  if (!created) {
-    std::fprintf(context.err, "playlist create failed: %s\n", created.error().message().c_str());
-    return 1;
-  }
+  if (!created) return context.fail("playlist create failed: %s\n", created.error().message().c_str());
   std::fprintf(context.out, "Created: %s  %s\n", created->name.c_str(), created->uri.c_str());
   return 0;
 }
@@ -95,10 +85,7 @@ int playlist_update(const cli::CommandLine& line, Context& context) {
 
   link::Result<messages::PlaylistUpdateResponse> updated =
       context.run_and_wait(context.api().playlist_update(std::move(request)));
-  if (!updated) {
-    std::fprintf(context.err, "playlist update failed: %s\n", updated.error().message().c_str());
-    return 1;
-  }
+  if (!updated) return context.fail("playlist update failed: %s\n", updated.error().message().c_str());
   std::fprintf(context.out, "Updated: %s  %s\n", updated->name.c_str(), updated->uri.c_str());
   return 0;
 }
@@ -112,10 +99,7 @@ int playlist_add(const cli::CommandLine& line, Context& context) {
 
   link::Result<messages::PlaylistAddTracksResponse> added =
       context.run_and_wait(context.api().playlist_add_tracks(std::move(request)));
-  if (!added) {
-    std::fprintf(context.err, "playlist add failed: %s\n", added.error().message().c_str());
-    return 1;
-  }
+  if (!added) return context.fail("playlist add failed: %s\n", added.error().message().c_str());
   std::fprintf(context.out, "Added %d track(s)\n", added->added);
   return 0;
 }
@@ -127,10 +111,7 @@ int playlist_remove(const cli::CommandLine& line, Context& context) {
 
   link::Result<messages::PlaylistRemoveTracksResponse> removed =
       context.run_and_wait(context.api().playlist_remove_tracks(std::move(request)));
-  if (!removed) {
-    std::fprintf(context.err, "playlist remove failed: %s\n", removed.error().message().c_str());
-    return 1;
-  }
+  if (!removed) return context.fail("playlist remove failed: %s\n", removed.error().message().c_str());
   std::fprintf(context.out, "Removed %d track(s)\n", removed->removed);
   return 0;
 }

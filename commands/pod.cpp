@@ -19,12 +19,6 @@ using namespace messages;
 constexpr std::array<std::string_view, 8> kMediaExtensions{".mp3", ".m4a", ".wav", ".ogg",
                                                            ".flac", ".mp4", ".mov", ".webm"};
 
-// A precondition's line on stderr, before any request goes out.
-int refuse(Context& context, const char* text) {
-  std::fputs(text, context.err);
-  return 1;
-}
-
 bool is_media_extension(std::string extension) {
   std::transform(extension.begin(), extension.end(), extension.begin(),
                  [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
@@ -58,7 +52,7 @@ bool media_file_is_usable(const std::string& path, Context& context) {
 
 int pod_upload(const cli::CommandLine& line, Context& context) {
   // Unlike `pod episodes create`, a missing --description is simply left out.
-  if (!line.name()) return refuse(context, "pod upload requires --name <title>\n");
+  if (!line.name()) return context.fail("pod upload requires --name <title>\n");
   std::string path(line.argument());
   if (!media_file_is_usable(path, context)) return 1;
   // Also under --format json: stdout keeps only the response.
@@ -73,10 +67,7 @@ int pod_upload(const cli::CommandLine& line, Context& context) {
   request.image = line.image_file();
   request.language = line.language();
   link::Result<PodUploadResponse> upload = context.run_and_wait(context.api().pod_upload(std::move(request)));
-  if (!upload) {
-    std::fprintf(context.err, "Upload failed: %s\n", upload.error().message().c_str());
-    return 1;
-  }
+  if (!upload) return context.fail("Upload failed: %s\n", upload.error().message().c_str());
   if (line.json_output()) {
     context.print_json(record_codec<PodUploadResponse>(), *upload);
   } else {
@@ -87,10 +78,7 @@ int pod_upload(const cli::CommandLine& line, Context& context) {
 
 int pod_shows(const cli::CommandLine& line, Context& context) {
   link::Result<PodShowsListResponse> list = context.run_and_wait(context.api().pod_shows_list());
-  if (!list) {
-    std::fprintf(context.err, "pod shows failed: %s\n", list.error().message().c_str());
-    return 1;
-  }
+  if (!list) return context.fail("pod shows failed: %s\n", list.error().message().c_str());
   if (line.json_output()) {
     context.print_json(record_codec<PodShowsListResponse>(), *list);
     return 0;
@@ -102,7 +90,7 @@ int pod_shows(const cli::CommandLine& line, Context& context) {
 }
 
 int pod_shows_create(const cli::CommandLine& line, Context& context) {
-  if (!line.name()) return refuse(context, "pod shows create requires --name <title>\n");
+  if (!line.name()) return context.fail("pod shows create requires --name <title>\n");
   PodShowsCreateRequest request;
   request.title = *line.name();
   request.description = line.description();
@@ -110,10 +98,7 @@ int pod_shows_create(const cli::CommandLine& line, Context& context) {
   request.language = line.language();
   link::Result<PodShowsCreateResponse> created =
       context.run_and_wait(context.api().pod_shows_create(std::move(request)));
-  if (!created) {
-    std::fprintf(context.err, "pod shows create failed: %s\n", created.error().message().c_str());
-    return 1;
-  }
+  if (!created) return context.fail("pod shows create failed: %s\n", created.error().message().c_str());
   if (line.json_output()) {
     context.print_json(record_codec<PodShowsCreateResponse>(), *created);
   } else {
@@ -123,13 +108,10 @@ int pod_shows_create(const cli::CommandLine& line, Context& context) {
 }
 
 int pod_shows_delete(const cli::CommandLine& line, Context& context) {
-  if (line.argument().empty()) return refuse(context, "pod shows delete requires <id>\n");
+  if (line.argument().empty()) return context.fail("pod shows delete requires <id>\n");
   link::Result<PodShowsDeleteResponse> deleted =
       context.run_and_wait(context.api().pod_shows_delete(std::string(line.argument())));
-  if (!deleted) {
-    std::fprintf(context.err, "pod shows delete failed: %s\n", deleted.error().message().c_str());
-    return 1;
-  }
+  if (!deleted) return context.fail("pod shows delete failed: %s\n", deleted.error().message().c_str());
   if (line.json_output()) {
     context.print_json(record_codec<PodShowsDeleteResponse>(), *deleted);
   } else {
@@ -141,10 +123,7 @@ int pod_shows_delete(const cli::CommandLine& line, Context& context) {
 
 int pod_episodes(const cli::CommandLine& line, Context& context) {
   link::Result<PodEpisodesListResponse> list = context.run_and_wait(context.api().pod_episodes_list(line.show_id()));
-  if (!list) {
-    std::fprintf(context.err, "pod episodes failed: %s\n", list.error().message().c_str());
-    return 1;
-  }
+  if (!list) return context.fail("pod episodes failed: %s\n", list.error().message().c_str());
   if (line.json_output()) {
     context.print_json(record_codec<PodEpisodesListResponse>(), *list);
     return 0;
@@ -156,9 +135,9 @@ int pod_episodes(const cli::CommandLine& line, Context& context) {
 }
 
 int pod_episodes_create(const cli::CommandLine& line, Context& context) {
-  if (!line.name()) return refuse(context, "pod episodes create requires --name <title>\n");
-  if (!line.file()) return refuse(context, "pod episodes create requires --file <path>\n");
-  if (!line.description()) return refuse(context, "pod episodes create requires --description <text>\n");
+  if (!line.name()) return context.fail("pod episodes create requires --name <title>\n");
+  if (!line.file()) return context.fail("pod episodes create requires --file <path>\n");
+  if (!line.description()) return context.fail("pod episodes create requires --description <text>\n");
   if (!line.json_output()) std::fputs("Creating episode...\n", context.err);
 
   // The file goes out as typed and unchecked: the desktop client tells what
@@ -172,10 +151,7 @@ int pod_episodes_create(const cli::CommandLine& line, Context& context) {
   request.language = line.language();
   link::Result<PodEpisodesCreateResponse> created =
       context.run_and_wait(context.api().pod_episodes_create(std::move(request)));
-  if (!created) {
-    std::fprintf(context.err, "pod episodes create failed: %s\n", created.error().message().c_str());
-    return 1;
-  }
+  if (!created) return context.fail("pod episodes create failed: %s\n", created.error().message().c_str());
   if (line.json_output()) {
     context.print_json(record_codec<PodEpisodesCreateResponse>(), *created);
   } else {
@@ -185,13 +161,10 @@ int pod_episodes_create(const cli::CommandLine& line, Context& context) {
 }
 
 int pod_episodes_status(const cli::CommandLine& line, Context& context) {
-  if (line.argument().empty()) return refuse(context, "pod episodes status requires <episode_id>\n");
+  if (line.argument().empty()) return context.fail("pod episodes status requires <episode_id>\n");
   link::Result<PodEpisodesStatusResponse> status =
       context.run_and_wait(context.api().pod_episodes_status(std::string(line.argument())));
-  if (!status) {
-    std::fprintf(context.err, "pod episodes status failed: %s\n", status.error().message().c_str());
-    return 1;
-  }
+  if (!status) return context.fail("pod episodes status failed: %s\n", status.error().message().c_str());
   if (line.json_output()) {
     context.print_json(record_codec<PodEpisodesStatusResponse>(), *status);
   } else {
@@ -201,13 +174,10 @@ int pod_episodes_status(const cli::CommandLine& line, Context& context) {
 }
 
 int pod_episodes_delete(const cli::CommandLine& line, Context& context) {
-  if (line.argument().empty()) return refuse(context, "pod episodes delete requires <id>\n");
+  if (line.argument().empty()) return context.fail("pod episodes delete requires <id>\n");
   link::Result<PodEpisodesDeleteResponse> deleted =
       context.run_and_wait(context.api().pod_episodes_delete(std::string(line.argument())));
-  if (!deleted) {
-    std::fprintf(context.err, "pod episodes delete failed: %s\n", deleted.error().message().c_str());
-    return 1;
-  }
+  if (!deleted) return context.fail("pod episodes delete failed: %s\n", deleted.error().message().c_str());
   if (line.json_output()) {
     context.print_json(record_codec<PodEpisodesDeleteResponse>(), *deleted);
   } else {

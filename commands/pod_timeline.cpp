@@ -5,29 +5,17 @@
 #include "messages/record_codecs.hpp"
 
 namespace orvanta::commands {
-namespace {
 
 using namespace messages;
 
-// A precondition's line on stderr, before any request goes out.
-int refuse(Context& context, const char* text) {
-  std::fputs(text, context.err);
-  return 1;
-}
-
-}  // namespace
-
 int pod_timeline_get(const cli::CommandLine& line, Context& context) {
-  if (line.argument().empty()) return refuse(context, "pod timeline get requires <episode_id>\n");
+  if (line.argument().empty()) return context.fail("pod timeline get requires <episode_id>\n");
   PodTimelineGetRequest request;
   request.id = std::string(line.argument());
   request.show_id = line.show_id();
   link::Result<PodTimelineGetResponse> timeline =
       context.run_and_wait(context.api().pod_timeline_get(std::move(request)));
-  if (!timeline) {
-    std::fprintf(context.err, "pod timeline get failed: %s\n", timeline.error().message().c_str());
-    return 1;
-  }
+  if (!timeline) return context.fail("pod timeline get failed: %s\n", timeline.error().message().c_str());
   if (line.json_output()) {
     context.print_json(record_codec<PodTimelineGetResponse>(), *timeline);
     return 0;
@@ -42,8 +30,8 @@ int pod_timeline_get(const cli::CommandLine& line, Context& context) {
 }
 
 int pod_timeline_set(const cli::CommandLine& line, Context& context) {
-  if (!line.episode_id()) return refuse(context, "pod timeline set requires --episode-id <id>\n");
-  if (!line.from_file()) return refuse(context, "pod timeline set requires --from-file <path>\n");
+  if (!line.episode_id()) return context.fail("pod timeline set requires --episode-id <id>\n");
+  if (!line.from_file()) return context.fail("pod timeline set requires --from-file <path>\n");
   // The path goes out as typed; the desktop client reads and checks the file.
   PodTimelineSetRequest request;
   request.episode_id = *line.episode_id();
@@ -51,10 +39,7 @@ int pod_timeline_set(const cli::CommandLine& line, Context& context) {
   request.show_id = line.show_id();
   link::Result<PodTimelineSetResponse> timeline =
       context.run_and_wait(context.api().pod_timeline_set(std::move(request)));
-  if (!timeline) {
-    std::fprintf(context.err, "pod timeline set failed: %s\n", timeline.error().message().c_str());
-    return 1;
-  }
+  if (!timeline) return context.fail("pod timeline set failed: %s\n", timeline.error().message().c_str());
   if (line.json_output()) {
     context.print_json(record_codec<PodTimelineSetResponse>(), *timeline);
   } else {
@@ -64,16 +49,13 @@ int pod_timeline_set(const cli::CommandLine& line, Context& context) {
 }
 
 int pod_timeline_delete(const cli::CommandLine& line, Context& context) {
-  if (line.argument().empty()) return refuse(context, "pod timeline delete requires <episode_id>\n");
+  if (line.argument().empty()) return context.fail("pod timeline delete requires <episode_id>\n");
   PodTimelineDeleteRequest request;
   request.id = std::string(line.argument());
   request.show_id = line.show_id();
   link::Result<PodTimelineDeleteResponse> deleted =
       context.run_and_wait(context.api().pod_timeline_delete(std::move(request)));
-  if (!deleted) {
-    std::fprintf(context.err, "pod timeline delete failed: %s\n", deleted.error().message().c_str());
-    return 1;
-  }
+  if (!deleted) return context.fail("pod timeline delete failed: %s\n", deleted.error().message().c_str());
   // A response that decodes is a success; `ok` is not looked at.
   if (line.json_output()) {
     context.print_json(record_codec<PodTimelineDeleteResponse>(), *deleted);

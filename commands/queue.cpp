@@ -21,10 +21,7 @@ void print_item(std::FILE* out, const QueueItem& item) {
 
 int queue_list(const cli::CommandLine& line, Context& context) {
   link::Result<messages::QueueListResponse> queue = context.run_and_wait(context.api().queue_list());
-  if (!queue) {
-    std::fprintf(context.err, "Failed to get queue: %s\n", queue.error().message().c_str());
-    return 1;
-  }
+  if (!queue) return context.fail("Failed to get queue: %s\n", queue.error().message().c_str());
   if (line.json_output()) {
     context.print_json(messages::record_codec<messages::QueueListResponse>(), *queue);
     return 0;
@@ -51,10 +48,7 @@ int queue_list(const cli::CommandLine& line, Context& context) {
 
 int queue_add(std::string_view uri, Context& context) {
   std::error_code ec = context.run_and_wait(context.api().queue_add(std::string(uri)));
-  if (ec) {
-    std::fprintf(context.err, "Failed to add to queue: %s\n", ec.message().c_str());
-    return 1;
-  }
+  if (ec) return context.fail("Failed to add to queue: %s\n", ec.message().c_str());
   std::fprintf(context.out, "Added to queue\n");
   return 0;
 }
@@ -62,10 +56,7 @@ int queue_add(std::string_view uri, Context& context) {
 int queue_remove(const cli::CommandLine& line, Context& context) {
   link::Result<messages::QueueRemoveResponse> removed =
       context.run_and_wait(context.api().queue_remove(*line.position()));
-  if (!removed) {
-    std::fprintf(context.err, "Failed to remove from queue: %s\n", removed.error().message().c_str());
-    return 1;
-  }
+  if (!removed) return context.fail("Failed to remove from queue: %s\n", removed.error().message().c_str());
   std::fprintf(context.out, "Removed from queue (%d remaining)\n", removed->remaining);
   return 0;
 }
@@ -75,10 +66,7 @@ int queue_move(const cli::CommandLine& line, Context& context) {
   request.from_position = line.positions()[0];
   request.to_position = line.positions()[1];
   std::error_code ec = context.run_and_wait(context.api().queue_move(request));
-  if (ec) {
-    std::fprintf(context.err, "Failed to move in queue: %s\n", ec.message().c_str());
-    return 1;
-  }
+  if (ec) return context.fail("Failed to move in queue: %s\n", ec.message().c_str());
   // The positions as typed; the desktop client answers with nothing.
   std::fprintf(context.out, "Moved track from position %d to %d\n", request.from_position, request.to_position);
   return 0;

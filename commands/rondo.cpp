@@ -31,10 +31,7 @@ void print_permissions(Context& context, bool queue_only_mode, bool volume_contr
 int run_simple(Context& context, link::Await<messages::EmptyResponse> operation, const char* done,
                const char* failure) {
   std::error_code ec = context.run_and_wait(std::move(operation));
-  if (ec) {
-    std::fprintf(context.err, "%s: %s\n", failure, ec.message().c_str());
-    return 1;
-  }
+  if (ec) return context.fail("%s: %s\n", failure, ec.message().c_str());
   std::fprintf(context.out, "%s", done);
   return 0;
 }
@@ -45,10 +42,7 @@ int update_permissions(const cli::CommandLine& line, Context& context) {
   request.volume_control = line.volume_control();
   link::Result<messages::RondoPermissionsResponse> updated =
       context.run_and_wait(context.api().rondo_permissions(std::move(request)));
-  if (!updated) {
-    std::fprintf(context.err, "Failed to update Rondo permissions: %s\n", updated.error().message().c_str());
-    return 1;
-  }
+  if (!updated) return context.fail("Failed to update Rondo permissions: %s\n", updated.error().message().c_str());
   // The update reports in text, also under --format json.
   print_permissions(context, updated->queue_only_mode, updated->volume_control_enabled);
   return 0;
@@ -58,10 +52,7 @@ int update_permissions(const cli::CommandLine& line, Context& context) {
 
 int rondo_status(const cli::CommandLine& line, Context& context) {
   link::Result<RondoStatusResponse> rondo = context.run_and_wait(context.api().rondo_status());
-  if (!rondo) {
-    std::fprintf(context.err, "Failed to get Rondo status: %s\n", rondo.error().message().c_str());
-    return 1;
-  }
+  if (!rondo) return context.fail("Failed to get Rondo status: %s\n", rondo.error().message().c_str());
   // JSON carries `active` itself, so an inactive session is printed as it is.
   if (line.json_output()) {
     context.print_json(messages::record_codec<RondoStatusResponse>(), *rondo);
@@ -86,10 +77,7 @@ int rondo_create(Context& context) {
   messages::RondoCreateRequest request;
   request.activate = true;
   link::Result<RondoStatusResponse> created = context.run_and_wait(context.api().rondo_create(std::move(request)));
-  if (!created) {
-    std::fprintf(context.err, "Failed to create Rondo: %s\n", created.error().message().c_str());
-    return 1;
-  }
+  if (!created) return context.fail("Failed to create Rondo: %s\n", created.error().message().c_str());
   std::fprintf(context.out, "Rondo created: %s\n", created->session_id.c_str());
   return 0;
 }
@@ -104,10 +92,7 @@ int rondo_end(Context& context) {
 
 int rondo_members(const cli::CommandLine& line, Context& context) {
   link::Result<RondoStatusResponse> rondo = context.run_and_wait(context.api().rondo_status());
-  if (!rondo) {
-    std::fprintf(context.err, "Failed to get Rondo members: %s\n", rondo.error().message().c_str());
-    return 1;
-  }
+  if (!rondo) return context.fail("Failed to get Rondo members: %s\n", rondo.error().message().c_str());
   // Unlike `rondo status`, an inactive session is the sentence in JSON mode too.
   if (!rondo->active) {
     std::fprintf(context.out, "%s", kNoSession);
@@ -126,10 +111,7 @@ int rondo_members(const cli::CommandLine& line, Context& context) {
 int rondo_kick(std::string_view argument, Context& context) {
   std::string member_id(argument);
   link::Result<RondoStatusResponse> kicked = context.run_and_wait(context.api().rondo_kick(member_id));
-  if (!kicked) {
-    std::fprintf(context.err, "Failed to kick member: %s\n", kicked.error().message().c_str());
-    return 1;
-  }
+  if (!kicked) return context.fail("Failed to kick member: %s\n", kicked.error().message().c_str());
   std::fprintf(context.out, "Kicked %s from Rondo\n", member_id.c_str());
   return 0;
 }
@@ -138,17 +120,17 @@ int rondo_permissions(const cli::CommandLine& line, Context& context) {
   if (line.queue_only() || line.volume_control()) return update_permissions(line, context);
 
   link::Result<RondoStatusResponse> rondo = context.run_and_wait(context.api().rondo_status());
-  if (!rondo) {
-    std::fprintf(context.err, "Failed to get Rondo permissions: %s\n", rondo.error().message().c_str());
-    return 1;
-  }
+  if (!rondo) return context.fail("Failed to get Rondo permissions: %s\n", rondo.error().message().c_str());
   if (!rondo->active) {
     std::fprintf(context.out, "%s", kNoSession);
     return 0;
   }
   if (line.json_output()) {
-    std::fprintf(context.out, "{\"queue_only_mode\":%s,\"volume_control_enabled\":%s}\n",
-                 rondo->queue_only_mode ? "true" : "false", rondo->volume_control_enabled ? "true" : "false");
+    // The two flags in the form the permission update answers with.
+    messages::RondoPermissionsResponse permissions;
+    permissions.queue_only_mode = rondo->queue_only_mode;
+    permissions.volume_control_enabled = rondo->volume_control_enabled;
+    context.print_json(messages::record_codec<messages::RondoPermissionsResponse>(), permissions);
     return 0;
   }
   print_permissions(context, rondo->queue_only_mode, rondo->volume_control_enabled);

@@ -8,7 +8,6 @@
 #include "commands/playback.hpp"
 #include "commands/program.hpp"
 #include "commands/version_info.hpp"
-#include "json/json.hpp"
 
 namespace orvanta::commands {
 namespace {
@@ -21,7 +20,7 @@ void pause_for_launch() { std::this_thread::sleep_for(std::chrono::milliseconds(
 int version(const cli::CommandLine& line, Context& context) {
   VersionInfo info;
   if (line.json_output()) {
-    std::fprintf(context.out, "%s\n", json::encode(version_info_codec(), info).str().c_str());
+    context.print_json(version_info_codec(), info);
     return 0;
   }
   std::fprintf(context.out, "cli: %s\n", info.cli.c_str());

@@ -7,20 +7,16 @@
 #include <utility>
 
 #include "desktop_link/log.hpp"
-#include "json/codec.hpp"
+#include "messages/operations.hpp"
 
 namespace orvanta::link {
 namespace {
 
-// Decodes `params` as the record of N. Absent `params` decode as the text
-// `null`, which no record accepts.
+// Decodes `params` as the record of N; absent `params` fail.
 template <class N>
 std::optional<typename N::Params> decode_params(const NotificationMessage& message) {
   typename N::Params value{};
-  const std::string_view text = message.params ? message.params->view() : std::string_view("null");
-  if (!json::try_decode(messages::record_codec<typename N::Params>(), text.data(), text.size(), value)) {
-    return std::nullopt;
-  }
+  if (!messages::decode_notification_params<N>(message.params, value)) return std::nullopt;
   return value;
 }
 

@@ -3,7 +3,8 @@
 // The typed half of a request: a method's record in, its result record out.
 // The request is encoded in two stages (the record, then the envelope around
 // it) and the result decoded in two (the envelope by the reader, then
-// `result` here, with the method's own codec).
+// `result` here, with the method's own codec); both go through the
+// operation table's helpers in messages/operations.hpp.
 
 #include <memory>
 #include <string>
@@ -23,30 +24,17 @@
 
 namespace orvanta::link {
 
-// `{"jsonrpc":"2.0","method":...,"params":...,"id":...}` around the already
-// encoded `params`.
-std::string encode_request_envelope(std::string_view method, json::RawJsonValue params, std::string id);
-
-// The text of one request of `Op`. Throws json::encode_exception for a
-// record that has no JSON form (a double that isn't finite).
-template <class Op>
-std::string encode_request(const typename Op::Request& request, std::string id) {
-  auto params = json::encode(messages::record_codec<typename Op::Request>(), request);
-  return encode_request_envelope(Op::name, json::RawJsonValue(std::move(params)), std::move(id));
-}
-
 // Logs "Partner API - Failed to decode response: %s" and returns bad_message.
 std::error_code result_decode_failure();
 
-// Decodes the `result` of a response as `Response`. Unknown keys are
-// skipped; a missing required field, a wrong type or a null optional gives
+// Decodes the `result` of a response to `Op`. Unknown keys are skipped; a
+// missing required field, a wrong type or a null optional gives
 // std::errc::bad_message, with one log line.
-template <class Response>
-Result<Response> decode_result(const ResponseMessage& response) {
+template <class Op>
+Result<typename Op::Response> decode_result(const ResponseMessage& response) {
+  using Response = typename Op::Response;
   Response value{};
-  if (!json::try_decode(messages::record_codec<Response>(), response.result.data(), response.result.size(), value)) {
-    return result_decode_failure();
-  }
+  if (!messages::decode_operation_result<Op>(response.result, value)) return result_decode_failure();
   if constexpr (std::is_same_v<Response, messages::EmptyResponse>) {
     return Result<Response>();
   } else {
@@ -60,10 +48,10 @@ Result<Response> decode_result(const ResponseMessage& response) {
 template <class Op>
 asio::awaitable<Result<typename Op::Response>> typed_call(std::shared_ptr<PartnerApiTransport> transport,
                                                          typename Op::Request request, std::string id) {
-  std::string payload = encode_request<Op>(request, id);
+  std::string payload = messages::encode_operation_request<Op>(request, id);
   auto sent = co_await transport->send_request(std::move(payload), std::move(id));
   if (!sent) co_return sent.error();
-  co_return decode_result<typename Op::Response>(sent.value());
+  co_return decode_result<Op>(sent.value());
 }
 
 }  // namespace orvanta::link

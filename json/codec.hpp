@@ -91,9 +91,10 @@ using implied_codec_t = typename implied_codec<T>::type;
 
 // Decodes one value that fills `size` bytes, with whitespace around it. An
 // empty input, a failure of the codec and trailing text all give false;
-// `out` is assigned only on success. Never throws.
+// `out` is assigned only on success. Only the codec's own decode_exception
+// is turned into false: anything else (std::bad_alloc) passes through.
 template <Codec C>
-bool try_decode(const C& codec, const char* bytes, std::size_t size, typename C::value_type& out) noexcept {
+bool try_decode(const C& codec, const char* bytes, std::size_t size, typename C::value_type& out) {
   if (size == 0) return false;
   try {
     DecodeContext context(bytes, bytes + size);
@@ -103,13 +104,13 @@ bool try_decode(const C& codec, const char* bytes, std::size_t size, typename C:
     if (context.position != context.end) fail(context, "Unexpected trailing input");
     out = std::move(value);
     return true;
-  } catch (...) {
+  } catch (const decode_exception&) {
     return false;
   }
 }
 
 template <Codec C>
-bool try_decode(const C& codec, std::string_view text, typename C::value_type& out) noexcept {
+bool try_decode(const C& codec, std::string_view text, typename C::value_type& out) {
   return try_decode(codec, text.data(), text.size(), out);
 }
 

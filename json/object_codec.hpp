@@ -61,7 +61,7 @@
 //
 //   json::EncodedText text = json::encode(item_codec(), item);    // .view(), .str()
 //   Item item = json::decode(item_codec(), text_view);            // throws decode_exception
-//   bool ok = json::try_decode(item_codec(), bytes, size, item);  // never throws
+//   bool ok = json::try_decode(item_codec(), bytes, size, item);  // false on decode_exception
 //
 // The rules:
 // - One add_field per line: key, presence word, member, and a codec only
@@ -85,7 +85,7 @@
 //   field objects. Build it once per operation, not once per element: a
 //   list_codec(x_codec()) builds x_codec() once.
 // - Failures: decode throws decode_exception (message, offset()); encode
-//   throws encode_exception; try_decode only returns false.
+//   throws encode_exception; try_decode returns false for a decode_exception.
 // ---------------------------------------------------------------------------
 #pragma once
 

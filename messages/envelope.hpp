@@ -101,7 +101,7 @@ std::string encode_request(std::string_view method, const json::ObjectCodec<R>& 
 // `null` for an optional member or a value that isn't an object gives false,
 // and `out` is left as it was.
 template <class R>
-bool decode_raw(const json::ObjectCodec<R>& codec, const json::RawJsonValue& raw, R& out) noexcept {
+bool decode_raw(const json::ObjectCodec<R>& codec, const json::RawJsonValue& raw, R& out) {
   return json::try_decode(codec, raw.view(), out);
 }
 
@@ -109,7 +109,7 @@ bool decode_raw(const json::ObjectCodec<R>& codec, const json::RawJsonValue& raw
 // text `null`, which no record accepts.
 template <class R>
 bool decode_raw(const json::ObjectCodec<R>& codec, const std::optional<json::RawJsonValue>& raw,
-                R& out) noexcept {
+                R& out) {
   return raw ? decode_raw(codec, *raw, out) : decode_raw(codec, json::RawJsonValue(), out);
 }
 

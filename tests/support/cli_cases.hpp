@@ -1,5 +1,5 @@
-// Table-driven runs of the real CLI: each row is a command line and what it
-// must print on both streams, with its exit status.
+// Table-driven runs of the CLI: each row is a command line and what it must
+// print on both streams, with its exit status.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -24,20 +24,28 @@ struct CliCase {
   int status;
 };
 
-inline void expect_cli_cases(const std::vector<CliCase>& cases) {
+// Runs each row with `run` (a process of the real program, or the runner
+// in-process) and compares both streams and the status.
+template <class Run>
+void expect_cases(const std::vector<CliCase>& cases, Run&& run) {
   for (const CliCase& c : cases) {
     std::string typed;
     for (const auto& a : c.args) typed += " [" + a + "]";
     SCOPED_TRACE(typed);
-    ProcessResult r = run_cli(c.args);
+    ProcessResult r = run(c.args);
     EXPECT_EQ(r.out, c.out);
     EXPECT_EQ(r.err, c.err);
     EXPECT_EQ(r.status, c.status);
   }
 }
 
+inline void expect_cli_cases(const std::vector<CliCase>& cases) {
+  expect_cases(cases, [](const std::vector<std::string>& args) { return run_cli(args); });
+}
+
 // The params of every logged request of `method`, in order.
-inline std::vector<std::string> params_of(const SimProcess& sim, const std::string& method) {
+template <class SimLike>
+std::vector<std::string> params_of(const SimLike& sim, const std::string& method) {
   const std::string head = R"({"method":")" + method + R"(","params":)";
   std::vector<std::string> params;
   for (const std::string& r : sim.requests()) {
@@ -47,7 +55,8 @@ inline std::vector<std::string> params_of(const SimProcess& sim, const std::stri
 }
 
 // The methods of the simulator's log behind the handshake of the last run.
-inline std::vector<std::string> after_handshake(const SimProcess& sim) {
+template <class SimLike>
+std::vector<std::string> after_handshake(const SimLike& sim) {
   std::vector<std::string> all = sim.methods();
   auto subscribed = std::find(all.rbegin(), all.rend(), "login_state_subscription");
   return subscribed == all.rend() ? std::vector<std::string>{} : std::vector<std::string>(subscribed.base(), all.end());

@@ -1,4 +1,4 @@
-// `library batch` of the real CLI against the simulator: the manifest read
+// `library batch` against the simulator: the manifest read
 // from a file (or stdin), one line per op, the summary, the status, and what
 // went out for each op.
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "tests/support/cli_cases.hpp"
+#include "tests/support/command_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
@@ -23,18 +23,18 @@ struct BatchCase {
   int status;
 };
 
-std::string manifest_file(const SimProcess& sim, const std::string& text) {
+std::string manifest_file(const Sim& sim, const std::string& text) {
   const std::string path = sim.directory() + "/ops.json";
   std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
   return path;
 }
 
-void expect_batch_cases(const SimProcess& sim, const std::vector<BatchCase>& cases) {
+void expect_batch_cases(const Sim& sim, const std::vector<BatchCase>& cases) {
   for (const BatchCase& c : cases) {
     SCOPED_TRACE(c.manifest);
     std::vector<std::string> args{"library", "batch", "--from-file", manifest_file(sim, c.manifest)};
     args.insert(args.end(), c.flags.begin(), c.flags.end());
-    expect_cli_cases({{args, c.out, c.err, c.status}});
+    expect_command_cases({{args, c.out, c.err, c.status}});
   }
 }
 
@@ -78,7 +78,7 @@ const std::string kMixedLines =
     R"({"index":10,"op":"folder_remove","ok":true,"result":{"removed":1}})"
     "\n";
 
-std::string with_cover(const SimProcess& sim) {
+std::string with_cover(const Sim& sim) {
   const std::string cover = sim.directory() + "/cover.jpg";
   std::ofstream(cover) << "jpeg";
   std::string manifest = kMixed;
@@ -87,7 +87,7 @@ std::string with_cover(const SimProcess& sim) {
 }
 
 TEST(LibraryBatch, MixedManifestInText) {
-  SimProcess sim;
+  Sim sim;
   const std::string cover = sim.directory() + "/cover.jpg";
   expect_batch_cases(
       sim, {{with_cover(sim), {}, kMixedLines + "Batch complete: 11 ok, 0 failed, 0 skipped (11 total)\n", "", 0}});
@@ -111,7 +111,7 @@ TEST(LibraryBatch, MixedManifestInText) {
 }
 
 TEST(LibraryBatch, JsonChangesOnlyTheSummary) {
-  SimProcess sim;
+  Sim sim;
   expect_batch_cases(sim, {{with_cover(sim),
                             {"--format", "json"},
                             kMixedLines + R"({"summary":true,"total":11,"ok":11,"failed":0,"skipped":0})" "\n",
@@ -122,7 +122,7 @@ TEST(LibraryBatch, JsonChangesOnlyTheSummary) {
 // Each op that lacks what it needs fails on its own line without a request;
 // a present but empty value is left for the desktop client to judge.
 TEST(LibraryBatch, PreconditionsAndUnknownOps) {
-  SimProcess sim;
+  Sim sim;
   const std::string missing = (std::filesystem::current_path() / "missing-cover.jpg").string();
   const std::string long_name(300, 'x');
   const std::string too_long = (std::filesystem::current_path() / long_name).string();
@@ -182,7 +182,7 @@ TEST(LibraryBatch, PreconditionsAndUnknownOps) {
 // Stop mode is the flag or the manifest's own word; after the first failure
 // the rest is skipped, and the status says whether anything failed.
 TEST(LibraryBatch, FailuresWithAndWithoutStopMode) {
-  SimProcess sim({"--fail", "library_add=8", "--fail", "folder_list=4"});
+  Sim sim({"--fail", "library_add=8", "--fail", "folder_list=4"});
   const std::string four = R"({"stop_on_error":false,"ops":[
       {"op":"library_contains","uris":["orvanta:track:slowsnow"]},
       {"op":"library_add","uris":["orvanta:track:slowsnow"]},
@@ -230,7 +230,7 @@ TEST(LibraryBatch, FailuresWithAndWithoutStopMode) {
 // The destination is checked once per op, not for "root"; a move that fails
 // part way says how far it got, and the moves before it stay.
 TEST(LibraryBatch, FolderMoveDestinationAndPartialFailure) {
-  SimProcess sim;
+  Sim sim;
   expect_batch_cases(sim, {{R"({"ops":[
       {"op":"folder_move","uris":["orvanta:playlist:backroads"],"destination_folder_uri":"orvanta:playlist:deepfocus"},
       {"op":"folder_move","uris":["orvanta:playlist:backroads","orvanta:playlist:nowhere"]}
@@ -251,7 +251,7 @@ TEST(LibraryBatch, FolderMoveDestinationAndPartialFailure) {
 // A manifest that can't be read or decoded runs nothing and prints nothing
 // on stdout.
 TEST(LibraryBatch, ManifestThatDoesNotDecode) {
-  SimProcess sim;
+  Sim sim;
   const std::string invalid = "library batch: invalid manifest JSON: ";
   expect_batch_cases(sim, {
       {"", {}, "", invalid + "Unexpected end of input\n", 1},
@@ -262,7 +262,7 @@ TEST(LibraryBatch, ManifestThatDoesNotDecode) {
       // White space behind the document is fine.
       {"{\"ops\":[]}\n", {}, "Batch complete: 0 ok, 0 failed, 0 skipped (0 total)\n", "", 0},
   });
-  expect_cli_cases({
+  expect_command_cases({
       {{"library", "batch", "--from-file", "no/such/ops.json"},
        "", "library batch: could not open file 'no/such/ops.json'\n", 1},
       // stdin is empty here.
@@ -273,9 +273,9 @@ TEST(LibraryBatch, ManifestThatDoesNotDecode) {
 }
 
 TEST(LibraryBatch, ReadsTheManifestFromStdin) {
-  SimProcess sim;
-  const std::string path = manifest_file(sim, R"({"ops":[{"op":"library_contains","uris":["orvanta:track:glasstide"]}]})");
-  ProcessResult r = run_process("/bin/sh", {"-c", "exec \"$0\" library batch < \"$1\"", cli_binary(), path});
+  Sim sim;
+  ProcessResult r = run_command({"library", "batch"},
+                                R"({"ops":[{"op":"library_contains","uris":["orvanta:track:glasstide"]}]})");
   EXPECT_EQ(r.out,
             R"({"index":0,"op":"library_contains","ok":true,"result":{"contains":{"orvanta:track:glasstide":true}}})"
             "\nBatch complete: 1 ok, 0 failed, 0 skipped (1 total)\n");

@@ -1,4 +1,4 @@
-#include "cli/dispatch.hpp"
+#include "commands/dispatch.hpp"
 
 #include "commands/content.hpp"
 #include "commands/devices.hpp"
@@ -12,10 +12,10 @@
 #include "commands/queue.hpp"
 #include "commands/rondo.hpp"
 
-namespace orvanta::cli {
+namespace orvanta::commands {
 
-int dispatch_command(const CommandLine& line, commands::Context& context) {
-  using namespace commands;
+int dispatch_command(const cli::CommandLine& line, Context& context) {
+  using cli::CommandId;
   switch (line.command()) {
     case CommandId::Status: return status(line, context);
     case CommandId::Resume: return resume(context);
@@ -80,4 +80,4 @@ int dispatch_command(const CommandLine& line, commands::Context& context) {
   }
 }
 
-}  // namespace orvanta::cli
+}  // namespace orvanta::commands

@@ -1,4 +1,4 @@
-// The Podroom commands of the real CLI against the simulator: stdout, stderr
+// The Podroom commands against the simulator: stdout, stderr
 // and status byte for byte, and the params that went out.
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "tests/support/cli_cases.hpp"
+#include "tests/support/command_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
@@ -27,8 +27,8 @@ std::string temp_file(const std::string& name, const std::string& bytes) {
 }
 
 TEST(PodCommands, ListAndStatusInTextAndJson) {
-  SimProcess sim;
-  expect_cli_cases({
+  Sim sim;
+  expect_command_cases({
       {{"pod", "shows"}, "orvanta:show:shednotes\tNotes from the Shed\n", "", 0},
       {{"pod", "shows", "--format", "json"},
        R"({"shows":[{"show_uri":"orvanta:show:shednotes","title":"Notes from the Shed","language":"en",)"
@@ -44,9 +44,9 @@ TEST(PodCommands, ListAndStatusInTextAndJson) {
 }
 
 TEST(PodCommands, CreateUploadAndDeletePrintWhatTheServiceAnswers) {
-  SimProcess sim;
+  Sim sim;
   const std::string song = temp_file("SONG.MP3", "ID3");
-  expect_cli_cases({
+  expect_command_cases({
       {{"pod", "shows", "create", "--name", "Night", "--language", "sv"}, "orvanta:show:podroom1\n", "", 0},
       {{"pod", "upload", song, "--name", "x"}, "orvanta:episode:podroom2\n", "Uploading...\n", 0},
       // The progress line stays on stderr under JSON too.
@@ -74,11 +74,11 @@ TEST(PodCommands, CreateUploadAndDeletePrintWhatTheServiceAnswers) {
 }
 
 TEST(PodCommands, UploadChecksTheFileBeforeSendingAnything) {
-  SimProcess sim;
+  Sim sim;
   const std::string aac = temp_file("SONG.AAC", "x");
   const std::string bare = temp_file("README", "x");
   std::ofstream("empty.mp3").close();  // relative, where the CLI runs
-  expect_cli_cases({
+  expect_command_cases({
       {{"pod", "upload", "/no/such/file.mp3"}, "", "pod upload requires --name <title>\n", 1},
       {{"pod", "upload", "empty.mp3", "--name", "x"}, "", "File is empty: empty.mp3\n", 1},
       {{"pod", "upload", "/no/such/file.mp3", "--name", "x"}, "", "File not found: /no/such/file.mp3\n", 1},
@@ -93,8 +93,8 @@ TEST(PodCommands, UploadChecksTheFileBeforeSendingAnything) {
 }
 
 TEST(PodCommands, MissingValuesAreReportedBeforeAnyRequest) {
-  SimProcess sim;
-  expect_cli_cases({
+  Sim sim;
+  expect_command_cases({
       {{"pod", "shows", "create", "--description", "d"}, "", "pod shows create requires --name <title>\n", 1},
       {{"pod", "shows", "delete", ""}, "", "pod shows delete requires <id>\n", 1},
       {{"pod", "episodes", "create", "--description", "z"}, "", "pod episodes create requires --name <title>\n", 1},
@@ -113,12 +113,12 @@ TEST(PodCommands, MissingValuesAreReportedBeforeAnyRequest) {
 }
 
 TEST(PodCommands, FailuresAreOneLineWithTheCodesWords) {
-  SimProcess sim({"--fail", "pod_upload=9", "--fail", "pod_shows_list=16", "--fail", "pod_shows_create=4", "--fail",
+  Sim sim({"--fail", "pod_upload=9", "--fail", "pod_shows_list=16", "--fail", "pod_shows_create=4", "--fail",
                   "pod_shows_delete=2", "--fail", "pod_episodes_list=7", "--fail", "pod_episodes_create=4", "--fail",
                   "pod_episodes_status=16", "--fail", "pod_episodes_delete=9", "--fail", "pod_timeline_get=16",
                   "--fail", "pod_timeline_set=2", "--fail", "pod_timeline_delete=4"});
   const std::string song = temp_file("a.flac", "fLaC");
-  expect_cli_cases({
+  expect_command_cases({
       {{"pod", "upload", song, "--name", "x"}, "", "Uploading...\nUpload failed: request timed out\n", 1},
       {{"pod", "shows", "--format", "json"}, "", "pod shows failed: not logged in\n", 1},
       {{"pod", "shows", "create", "--name", "n"}, "", "pod shows create failed: internal server error\n", 1},
@@ -138,11 +138,11 @@ TEST(PodCommands, FailuresAreOneLineWithTheCodesWords) {
 }
 
 TEST(PodCommands, TimelineTextListsChaptersOnly) {
-  SimProcess sim;
+  Sim sim;
   const std::string file = temp_file("timeline.json", R"({"items":[{"chapter":{"title":"A","start_time_ms":0}},)"
                                                       R"({"link":{"start_time_ms":1,"duration_ms":2,"url":"u"}},)"
                                                       R"({"chapter":{"title":"B","start_time_ms":30000}}]})");
-  expect_cli_cases({
+  expect_command_cases({
       {{"pod", "timeline", "get", "shednotes1"},
        "orvanta:chapter:shednotes1-0\tCold open\t0\norvanta:chapter:shednotes1-1\tThe leaning wall\t95000\n", "", 0},
       {{"pod", "timeline", "get", "shednotes1", "--show-id", "shednotes", "--format", "json"},

@@ -1,9 +1,9 @@
 // `search`, `lookup`, `taste`, `history top|recent` and `now-playing` of the
-// real CLI against the simulator: stdout, stderr and status byte for byte,
+// CLI against the simulator: stdout, stderr and status byte for byte,
 // and the values that went out.
 #include <gtest/gtest.h>
 
-#include "tests/support/cli_cases.hpp"
+#include "tests/support/command_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
@@ -35,8 +35,8 @@ std::string edge_state(const std::string& order) {
 }
 
 TEST(ContentCommands, SearchSendsItsFiltersAndFindingNothingIsNoFailure) {
-  SimProcess sim;
-  expect_cli_cases({
+  Sim sim;
+  expect_command_cases({
       {{"search", "cart", "--type", "audiobook", "--format", "json"},
        R"({"artists":[],"tracks":[],"albums":[],"playlists":[],"shows":[],"episodes":[],)"
        R"("audiobooks":[{"uri":"orvanta:audiobook:lastcartographer","name":"The Last Cartographer",)"
@@ -59,8 +59,8 @@ TEST(ContentCommands, SearchSendsItsFiltersAndFindingNothingIsNoFailure) {
 TEST(ContentCommands, SearchWithAnOrderOfItsOwn) {
   StateFile state(edge_state(R"(["artists", "tracks", "episodes", "podcasts", "topRecommendations",
                                  "playlists", "audiobooks", "artists"])"));
-  SimProcess sim({"--state", state.path});
-  expect_cli_cases({{{"search", "echo"},
+  Sim sim({"--state", state.path});
+  expect_command_cases({{{"search", "echo"},
                  "Artists:\n"
                  "  Alpha Echo  orvanta:artist:alpha\n"
                  "Tracks:\n"
@@ -82,8 +82,8 @@ TEST(ContentCommands, SearchWithAnOrderOfItsOwn) {
 // taste comes last, after a blank line.
 TEST(ContentCommands, SearchWithoutAnOrderHistoryAndPausedTrack) {
   StateFile state(edge_state("[]"));
-  SimProcess sim({"--state", state.path});
-  expect_cli_cases({{{"search", "echo"},
+  Sim sim({"--state", state.path});
+  expect_command_cases({{{"search", "echo"},
                  "Top Hit:\n"
                  "  Alpha Echo  orvanta:artist:alpha\n"
                  "Recommendations (Made for U):\n"
@@ -115,8 +115,8 @@ TEST(ContentCommands, SearchWithoutAnOrderHistoryAndPausedTrack) {
 }
 
 TEST(ContentCommands, LookupPrintsResolvedEntitiesAndWarnsAboutTheRest) {
-  SimProcess sim;
-  expect_cli_cases({
+  Sim sim;
+  expect_command_cases({
       // A key too long for the column pushes its value right; it isn't cut.
       {{"lookup", "orvanta:track:copperhour", "orvanta:track:nosuch", "orvanta:show:thelongshelf", "--fields",
         "orvanta_release_date,bpm"},
@@ -151,8 +151,8 @@ TEST(ContentCommands, LookupPrintsResolvedEntitiesAndWarnsAboutTheRest) {
 }
 
 TEST(ContentCommands, HistoryTopCountsHoursAndRecentShowsWhen) {
-  SimProcess sim;
-  expect_cli_cases({
+  Sim sim;
+  expect_command_cases({
       {{"history", "top", "--type", "track", "--limit", "3"},
        " 1. Harbour Lights  orvanta:track:harbourlights  (25h)\n"
        " 2. Glass Tide  orvanta:track:glasstide  (17h)\n"
@@ -174,8 +174,8 @@ TEST(ContentCommands, HistoryTopCountsHoursAndRecentShowsWhen) {
 }
 
 TEST(ContentCommands, NowPlayingTellsPlayingFromPaused) {
-  SimProcess sim;
-  expect_cli_cases({
+  Sim sim;
+  expect_command_cases({
       {{"now-playing"},
        "Harbour Lights \xE2\x80\x94 Nimbus Ferry  orvanta:track:harbourlights\n"
        "Context: Morning Ferry\n"
@@ -194,8 +194,8 @@ TEST(ContentCommands, NowPlayingTellsPlayingFromPaused) {
 // not the sentence; a profile without its podcast text ends after the third.
 TEST(ContentCommands, EmptyAnswersAreNoFailures) {
   StateFile state("{" + account + "}");
-  SimProcess sim({"--state", state.path});
-  expect_cli_cases({
+  Sim sim({"--state", state.path});
+  expect_command_cases({
       {{"now-playing"}, "Nothing currently playing\n", "", 0},
       {{"now-playing", "--format", "json"}, "{}\n", "", 0},
       {{"taste"}, "Musical Identity:\n  \n\nContent Rhythms:\n  \n\nWhat Makes You Distinctive:\n  \n", "", 0},
@@ -210,9 +210,9 @@ TEST(ContentCommands, EmptyAnswersAreNoFailures) {
 }
 
 TEST(ContentCommands, FailuresAreOneLineOfTextInBothModes) {
-  SimProcess sim({"--fail", "search=16", "--fail", "lookup=2", "--fail", "taste_profile=4", "--fail",
+  Sim sim({"--fail", "search=16", "--fail", "lookup=2", "--fail", "taste_profile=4", "--fail",
                   "history_top=9", "--fail", "history_recent=8", "--fail", "now_playing=999"});
-  expect_cli_cases({
+  expect_command_cases({
       {{"search", "x"}, "", "Search failed: not logged in\n", 1},
       {{"search", "x", "--format", "json"}, "", "Search failed: not logged in\n", 1},
       {{"lookup", "orvanta:track:x"}, "", "Lookup failed: bad request\n", 1},

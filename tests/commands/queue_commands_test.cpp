@@ -1,7 +1,7 @@
-// `queue [list]|add|remove|move` of the real CLI against the simulator.
+// `queue [list]|add|remove|move` against the simulator.
 #include <gtest/gtest.h>
 
-#include "tests/support/cli_cases.hpp"
+#include "tests/support/command_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
@@ -11,8 +11,8 @@ const std::string now_playing = "Now playing: Harbour Lights -- Nimbus Ferry  [c
 // The printed positions are the ones that remove and move take, and the
 // edits print text under --format json too.
 TEST(QueueCommands, ListedPositionsAreTheOnesThatEditsTake) {
-  SimProcess sim;
-  expect_cli_cases({
+  Sim sim;
+  expect_command_cases({
       {{"queue"},
        now_playing + "\nUp next:\n" +
            "  0. The Ferryman's Waltz -- Nimbus Ferry  [queue]  orvanta:track:ferrymanswaltz\n"
@@ -48,8 +48,8 @@ TEST(QueueCommands, NothingPlayingAndEmptyQueue) {
   StateFile state(R"({"account":{"user":{"username":"u","display_name":"U","country":"SE","product":"p",)"
                   R"("catalogue":"p"}},"tracks":[{"uri":"orvanta:track:solo","name":"Solo Piece"}],)"
                   R"("queue":[{"uri":"orvanta:track:solo","uid":"q1"}]})");
-  SimProcess sim({"--state", state.path});
-  expect_cli_cases({
+  Sim sim({"--state", state.path});
+  expect_command_cases({
       {{"queue"}, "Nothing currently playing\n\nUp next:\n  0. Solo Piece  [queue]  orvanta:track:solo\n", "", 0},
       {{"queue", "--format", "json"},
        R"({"next_tracks":[{"uri":"orvanta:track:solo","uid":"q1","name":"Solo Piece","artist":"","provider":"queue"}],)"
@@ -62,9 +62,9 @@ TEST(QueueCommands, NothingPlayingAndEmptyQueue) {
 }
 
 TEST(QueueCommands, FailuresAreOneLineOfText) {
-  SimProcess sim({"--fail", "queue_list=16", "--fail", "queue_add=2", "--fail", "queue_remove=8", "--fail",
+  Sim sim({"--fail", "queue_list=16", "--fail", "queue_add=2", "--fail", "queue_remove=8", "--fail",
                   "queue_move=4"});
-  expect_cli_cases({
+  expect_command_cases({
       {{"queue", "--format", "json"}, "", "Failed to get queue: not logged in\n", 1},
       {{"queue", "add", "orvanta:track:x"}, "", "Failed to add to queue: bad request\n", 1},
       {{"queue", "remove", "0"}, "", "Failed to remove from queue: playback restricted\n", 1},

@@ -1,9 +1,9 @@
-// `devices list|transfer|volume|info` of the real CLI against the simulator.
+// `devices list|transfer|volume|info` against the simulator.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "tests/support/cli_cases.hpp"
+#include "tests/support/command_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
@@ -11,8 +11,8 @@ namespace {
 using Methods = std::vector<std::string>;
 
 TEST(DevicesCommands, ListShowsTheActiveDeviceWithItsMarkers) {
-  SimProcess sim;
-  ProcessResult r = run_cli({"devices"});
+  Sim sim;
+  ProcessResult r = run_command({"devices"});
   EXPECT_EQ(r.out,
             "Devices in cluster:\n"
             "\n"
@@ -22,29 +22,29 @@ TEST(DevicesCommands, ListShowsTheActiveDeviceWithItsMarkers) {
   EXPECT_EQ(r.err, "");
   EXPECT_EQ(r.status, 0);
 
-  ProcessResult json = run_cli({"devices", "list", "--format", "json"});
+  ProcessResult json = run_command({"devices", "list", "--format", "json"});
   EXPECT_EQ(json.out.substr(0, 64), R"({"active_device_id":"4c1e9a7b2d6f","devices":[{"device_id":"4c1e)");
   EXPECT_EQ(std::count(json.out.begin(), json.out.end(), '\n'), 1);
   EXPECT_EQ(json.status, 0);
 }
 
 TEST(DevicesCommands, TransferToADeviceThatBecomesActiveChecksOnce) {
-  SimProcess sim;
-  ProcessResult r = run_cli({"devices", "transfer", "Kitchen Speaker"});
+  Sim sim;
+  ProcessResult r = run_command({"devices", "transfer", "Kitchen Speaker"});
   EXPECT_EQ(r.out, "Playback transferred\n");
   EXPECT_EQ(r.status, 0);
   EXPECT_EQ(after_handshake(sim), (Methods{"connect_transfer", "connect_cluster"}));
 
   // Named by id, the device matches as well.
-  ProcessResult by_id = run_cli({"devices", "transfer", "71f3c8e0a4b2"});
+  ProcessResult by_id = run_command({"devices", "transfer", "71f3c8e0a4b2"});
   EXPECT_EQ(by_id.out, "Playback transferred\n");
   EXPECT_EQ(after_handshake(sim), (Methods{"connect_transfer", "connect_cluster"}));
 }
 
 TEST(DevicesCommands, TransferThatNeverShowsRetriesOnceAndStillSucceeds) {
   // Failed looks at the cluster count as "not yet active".
-  SimProcess sim({"--fail", "connect_cluster=4"});
-  ProcessResult r = run_cli({"devices", "transfer", "Kitchen Speaker"});
+  Sim sim({"--fail", "connect_cluster=4"});
+  ProcessResult r = run_command({"devices", "transfer", "Kitchen Speaker"});
   EXPECT_EQ(r.out, "Playback transferred\n");
   EXPECT_EQ(r.err, "");
   EXPECT_EQ(r.status, 0);
@@ -53,9 +53,9 @@ TEST(DevicesCommands, TransferThatNeverShowsRetriesOnceAndStillSucceeds) {
 }
 
 TEST(DevicesCommands, FailuresAreOneLine) {
-  SimProcess sim({"--fail", "connect_transfer=11", "--fail", "connect_set_volume=2", "--fail",
+  Sim sim({"--fail", "connect_transfer=11", "--fail", "connect_set_volume=2", "--fail",
                   "connect_device_info=13"});
-  expect_cli_cases({
+  expect_command_cases({
       {{"devices", "transfer", "Kitchen Speaker"}, "", "Transfer failed: client not connected\n", 1},
       {{"devices", "volume", "1"}, "", "Set volume failed: bad request\n", 1},
       {{"devices", "info", "x"}, "", "Failed to get device info: client unknown error\n", 1},
@@ -63,8 +63,8 @@ TEST(DevicesCommands, FailuresAreOneLine) {
 }
 
 TEST(DevicesCommands, VolumeKeepsOnlyTheIntegerPart) {
-  SimProcess sim;
-  expect_cli_cases({
+  Sim sim;
+  expect_command_cases({
       {{"devices", "volume", "0.5"}, "Volume set to 0\n", "", 0},
       {{"devices", "volume", "1.0", "Kitchen Speaker"}, "Volume set to 1\n", "", 0},
   });
@@ -75,7 +75,7 @@ TEST(DevicesCommands, VolumeKeepsOnlyTheIntegerPart) {
 }
 
 TEST(DevicesCommands, InfoIsTextInBothModes) {
-  SimProcess sim;
+  Sim sim;
   const std::string kitchen =
       "Kitchen Speaker\n"
       "  Type:      speaker\n"
@@ -84,10 +84,10 @@ TEST(DevicesCommands, InfoIsTextInBothModes) {
       "  Volume:    40/100\n"
       "  Software:  7.4.1\n"
       "  Device ID: 9e20b5d13a88\n";
-  EXPECT_EQ(run_cli({"devices", "info", "9e20b5d13a88"}).out, kitchen);
-  EXPECT_EQ(run_cli({"devices", "info", "9e20b5d13a88", "--format", "json"}).out, kitchen);
+  EXPECT_EQ(run_command({"devices", "info", "9e20b5d13a88"}).out, kitchen);
+  EXPECT_EQ(run_command({"devices", "info", "9e20b5d13a88", "--format", "json"}).out, kitchen);
   // Optional lines stay out when the device has no such detail.
-  EXPECT_EQ(run_cli({"devices", "info", "4c1e9a7b2d6f"}).out,
+  EXPECT_EQ(run_command({"devices", "info", "4c1e9a7b2d6f"}).out,
             "Studio Desktop\n"
             "  Type:      computer\n"
             "  Volume:    64/100\n"

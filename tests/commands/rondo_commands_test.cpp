@@ -2,7 +2,7 @@
 // against the simulator.
 #include <gtest/gtest.h>
 
-#include "tests/support/cli_cases.hpp"
+#include "tests/support/command_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
@@ -13,7 +13,7 @@ const std::string no_session = "No active Rondo session\n";
 // `active` false); members and permissions give the sentence in both formats.
 // Create, kick and the permission update print text under --format json too.
 TEST(RondoCommands, SessionFromCreateToEnd) {
-  SimProcess sim;
+  Sim sim;
   const std::string members_json =
       R"({"session_id":"rondo-1","is_session_owner":true,"active":true,"member_count":3,"queue_only_mode":false,)"
       R"("volume_control_enabled":true,"members":[)"
@@ -22,7 +22,7 @@ TEST(RondoCommands, SessionFromCreateToEnd) {
       R"({"username":"otto.brannick","display_name":"Otto Brannick","is_current_user":false}],)"
       R"("join_token":"join-rondo-1"})"
       "\n";
-  expect_cli_cases({
+  expect_command_cases({
       {{"rondo", "--format", "json"},
        R"({"session_id":"","is_session_owner":false,"active":false,"member_count":0,"queue_only_mode":false,)"
        R"("volume_control_enabled":false,"members":[]})"
@@ -67,9 +67,9 @@ TEST(RondoCommands, ParticipantSeesTheReportedCount) {
       R"("volume_control_enabled":false,"member_count":3,"members":[)"
       R"({"username":"","display_name":"Host Person","is_current_user":false},)"
       R"({"username":"u","display_name":"U","is_current_user":true}]}})");
-  SimProcess sim({"--state", state.path});
+  Sim sim({"--state", state.path});
   const std::string lines = "  Host Person\n  U (u) [you]\n";
-  expect_cli_cases({
+  expect_command_cases({
       {{"rondo"},
        "Rondo Session: rondo-x\nRole: Participant\nMembers: 3\nQueue-only mode: on\nVolume control: off\n"
        "\nParticipants:\n" + lines,
@@ -80,9 +80,9 @@ TEST(RondoCommands, ParticipantSeesTheReportedCount) {
 }
 
 TEST(RondoCommands, FailuresAreTheirOwnLines) {
-  SimProcess sim({"--fail", "rondo_status=16", "--fail", "rondo_create=2", "--fail", "rondo_leave=9", "--fail",
+  Sim sim({"--fail", "rondo_status=16", "--fail", "rondo_create=2", "--fail", "rondo_leave=9", "--fail",
                   "rondo_end=3", "--fail", "rondo_kick=4", "--fail", "rondo_permissions=8"});
-  expect_cli_cases({
+  expect_command_cases({
       {{"rondo", "--format", "json"}, "", "Failed to get Rondo status: not logged in\n", 1},
       {{"rondo", "members"}, "", "Failed to get Rondo members: not logged in\n", 1},
       {{"rondo", "permissions", "--format", "json"}, "", "Failed to get Rondo permissions: not logged in\n", 1},

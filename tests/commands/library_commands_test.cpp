@@ -1,12 +1,12 @@
 // `library list|contains|add|remove` and `playlist get|create|update|add|
-// remove` of the real CLI against the simulator: stdout, stderr and status
+// remove` against the simulator: stdout, stderr and status
 // byte for byte, and the values that went out.
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 
-#include "tests/support/cli_cases.hpp"
+#include "tests/support/command_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
@@ -14,8 +14,8 @@ namespace {
 using Texts = std::vector<std::string>;
 
 TEST(LibraryCommands, ListAndContainsInTextAndJson) {
-  SimProcess sim;
-  expect_cli_cases({
+  Sim sim;
+  expect_command_cases({
       // Newest first; the artists of a library item stand side by side
       // without a comma, and the album isn't shown.
       {{"library", "add", "orvanta:track:streetlampsamba"}, "Added 1 item(s)\n", "", 0},
@@ -57,8 +57,8 @@ TEST(LibraryCommands, ListAndContainsInTextAndJson) {
 // The URIs the client could not change are not shown and don't fail the
 // command; `library batch` is the place that reports them.
 TEST(LibraryCommands, AddAndRemoveReportOnlyTheCount) {
-  SimProcess sim;
-  expect_cli_cases({
+  Sim sim;
+  expect_command_cases({
       {{"library", "add", "orvanta:track:nosuch", "--format", "json"}, "Added 0 item(s)\n", "", 0},
       {{"library", "add", "orvanta:track:slowsnow", "orvanta:track:nosuch"}, "Added 1 item(s)\n", "", 0},
       {{"library", "remove", "orvanta:track:slowsnow", "orvanta:album:driftglass", "orvanta:track:nosuch",
@@ -70,8 +70,8 @@ TEST(LibraryCommands, AddAndRemoveReportOnlyTheCount) {
 }
 
 TEST(PlaylistCommands, GetPrintsTracksAndEpisodesByTheirOwnPositions) {
-  SimProcess sim;
-  expect_cli_cases({
+  Sim sim;
+  expect_command_cases({
       {{"playlist", "get", "orvanta:playlist:morningferry", "--offset", "2"},
        "Morning Ferry  orvanta:playlist:morningferry\n"
        "  Owner: mossfern42  Tracks: 5\n"
@@ -108,8 +108,8 @@ TEST(PlaylistCommands, AnEpisodeWithoutAShowIsOneLine) {
     "tracks": [{"uri": "orvanta:track:bare", "name": "Bare"}],
     "playlists": [{"uri": "orvanta:playlist:p", "name": "P", "owner": "someone",
                    "items": ["orvanta:episode:lone", "orvanta:track:bare"]}]})");
-  SimProcess sim({"--state", state.path});
-  expect_cli_cases({{{"playlist", "get", "orvanta:playlist:p"},
+  Sim sim({"--state", state.path});
+  expect_command_cases({{{"playlist", "get", "orvanta:playlist:p"},
                      "P  orvanta:playlist:p\n"
                      "  Owner: someone  Tracks: 2\n"
                      "   0. [episode] Lone Episode  orvanta:episode:lone\n"
@@ -118,10 +118,10 @@ TEST(PlaylistCommands, AnEpisodeWithoutAShowIsOneLine) {
 }
 
 TEST(PlaylistCommands, ChangesPrintTheirTextInBothModes) {
-  SimProcess sim;
+  Sim sim;
   const std::string cover = sim.directory() + "/cover.jpg";
   std::ofstream(cover) << "jpeg";
-  expect_cli_cases({
+  expect_command_cases({
       {{"playlist", "create", "Road Trip", "--description", "Long drives", "--public", "--image-file", cover},
        "Created: Road Trip  orvanta:playlist:sim1\n", "", 0},
       {{"playlist", "create", "Quiet", "--format", "json"}, "Created: Quiet  orvanta:playlist:sim2\n", "", 0},
@@ -163,9 +163,9 @@ TEST(PlaylistCommands, ChangesPrintTheirTextInBothModes) {
 // The cover is looked for against the working directory before anything is
 // sent, and named by its absolute path.
 TEST(PlaylistCommands, AMissingCoverImageStopsBeforeAnyRequest) {
-  SimProcess sim;
+  Sim sim;
   const std::string missing = (std::filesystem::current_path() / "no.jpg").string();
-  expect_cli_cases({
+  expect_command_cases({
       {{"playlist", "create", "x", "--image-file", "no.jpg"}, "", "cover image file not found: " + missing + "\n", 1},
       {{"playlist", "update", "orvanta:playlist:backroads", "--image-file", "no.jpg"},
        "",
@@ -176,11 +176,11 @@ TEST(PlaylistCommands, AMissingCoverImageStopsBeforeAnyRequest) {
 }
 
 TEST(LibraryCommands, FailuresAreOneLineWithTheCodesWords) {
-  SimProcess sim({"--fail", "library_list=16", "--fail", "library_contains=2", "--fail", "library_add=8",
+  Sim sim({"--fail", "library_list=16", "--fail", "library_contains=2", "--fail", "library_add=8",
                   "--fail", "library_remove=4", "--fail", "playlist_get=9", "--fail", "playlist_create=16",
                   "--fail", "playlist_update=2", "--fail", "playlist_add_tracks=7", "--fail",
                   "playlist_remove_tracks=4"});
-  expect_cli_cases({
+  expect_command_cases({
       {{"library", "list", "--format", "json"}, "", "library list failed: not logged in\n", 1},
       {{"library", "contains", "orvanta:track:a"}, "", "library contains failed: bad request\n", 1},
       {{"library", "add", "orvanta:track:a"}, "", "library add failed: playback restricted\n", 1},

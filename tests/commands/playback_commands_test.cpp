@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "tests/support/cli_cases.hpp"
+#include "tests/support/command_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
@@ -12,8 +12,8 @@ namespace {
 using Methods = std::vector<std::string>;
 
 TEST(PlaybackCommands, SucceedQuietlyOrWithTheirLine) {
-  SimProcess sim;
-  expect_cli_cases({
+  Sim sim;
+  expect_command_cases({
       {{"status"}, "Orvanta desktop client is running\nLogged in: Yes\n", "", 0},
       {{"status", "--format", "json"}, "{\"running\":true,\"logged_in\":true}\n", "", 0},
       {{"pause"}, "", "", 0},
@@ -32,12 +32,12 @@ TEST(PlaybackCommands, SucceedQuietlyOrWithTheirLine) {
 }
 
 TEST(PlaybackCommands, SendTheValuesAsConverted) {
-  SimProcess sim;
-  run_cli({"seek", "90000", "--relative"});
+  Sim sim;
+  run_command({"seek", "90000", "--relative"});
   // Out of 32 bits, the position is whatever the C conversion makes of it.
-  run_cli({"seek", "4294967297"});
-  run_cli({"speed", "1.005"});
-  run_cli({"volume", "0.5"});
+  run_command({"seek", "4294967297"});
+  run_command({"speed", "1.005"});
+  run_command({"volume", "0.5"});
   std::vector<std::string> requests = sim.requests();
   std::vector<std::string> own;
   for (const auto& r : requests) {
@@ -52,25 +52,25 @@ TEST(PlaybackCommands, SendTheValuesAsConverted) {
 }
 
 TEST(PlaybackCommands, RepeatWithoutModeConnectsThenShowsUsage) {
-  SimProcess sim;
-  expect_cli_cases({{{"repeat", "--format", "json"}, "", "Usage: repeat off|context|track\n", 1}});
+  Sim sim;
+  expect_command_cases({{{"repeat", "--format", "json"}, "", "Usage: repeat off|context|track\n", 1}});
   EXPECT_EQ(sim.methods(), (Methods{"authorize_connection", "login_state_subscription"}));
 }
 
 TEST(PlaybackCommands, MePrintsTheProfileAsJsonInBothModes) {
-  SimProcess sim;
+  Sim sim;
   const std::string profile =
       R"({"username":"mossfern42","display_name":"Ilsabet Quorne","country":"SE","product":"premium","catalogue":"premium"})"
       "\n";
-  expect_cli_cases({{{"me"}, profile, "", 0}, {{"me", "--format", "json"}, profile, "", 0}});
+  expect_command_cases({{{"me"}, profile, "", 0}, {{"me", "--format", "json"}, profile, "", 0}});
 }
 
 TEST(PlaybackCommands, FailuresAreOneLineWithTheCodesWords) {
-  SimProcess sim({"--fail", "playback_pause=8", "--fail", "playback_resume=16", "--fail", "playback_next=9",
+  Sim sim({"--fail", "playback_pause=8", "--fail", "playback_resume=16", "--fail", "playback_next=9",
                   "--fail", "playback_previous=3:desktop_api_failure_source", "--fail", "playback_seek=2",
                   "--fail", "playback_shuffle=999", "--fail", "playback_repeat=4", "--fail", "playback_speed=7",
                   "--fail", "playback_volume=1:nonsense", "--fail", "me=16", "--fail", "playback_play=10"});
-  expect_cli_cases({
+  expect_command_cases({
       {{"pause"}, "", "Failed to pause: playback restricted\n", 1},
       {{"resume", "--format", "json"}, "", "Failed to resume: not logged in\n", 1},
       {{"next"}, "", "Failed to skip to next: request timed out\n", 1},
@@ -88,20 +88,20 @@ TEST(PlaybackCommands, FailuresAreOneLineWithTheCodesWords) {
 }
 
 TEST(PlaybackCommands, StatusReportsTheLoginNotification) {
-  SimProcess sim({"--logged-out"});
-  expect_cli_cases({
+  Sim sim({"--logged-out"});
+  expect_command_cases({
       {{"status"}, "Orvanta desktop client is running\nLogged in: No\n", "", 0},
       {{"status", "--format", "json"}, "{\"running\":true,\"logged_in\":false}\n", "", 0},
   });
 }
 
 TEST(PlaybackCommands, PlayOnADeviceTransfersThenResumesOrPlays) {
-  SimProcess sim;
-  expect_cli_cases({{{"play", "--device", "Kitchen Speaker"}, "Playback transferred\n", "", 0}});
+  Sim sim;
+  expect_command_cases({{{"play", "--device", "Kitchen Speaker"}, "Playback transferred\n", "", 0}});
   EXPECT_EQ(after_handshake(sim),
             (Methods{"connect_cluster", "connect_transfer", "connect_cluster", "playback_resume"}));
 
-  expect_cli_cases({{{"play", "orvanta:track:x", "--device", "nowhere"},
+  expect_command_cases({{{"play", "orvanta:track:x", "--device", "nowhere"},
                  "",
                  "Device 'nowhere' not found. Run 'orvanta_cli devices list' to see available devices.\n",
                  1}});
@@ -109,8 +109,8 @@ TEST(PlaybackCommands, PlayOnADeviceTransfersThenResumesOrPlays) {
 }
 
 TEST(PlaybackCommands, NavigateWithPlayConnectsAndPlays) {
-  SimProcess sim({"--fail", "playback_play=8"});
-  expect_cli_cases({{{"navigate", "orvanta:track:abc", "--play"}, "", "Failed to play: playback restricted\n", 1}});
+  Sim sim({"--fail", "playback_play=8"});
+  expect_command_cases({{{"navigate", "orvanta:track:abc", "--play"}, "", "Failed to play: playback restricted\n", 1}});
   EXPECT_EQ(after_handshake(sim), (Methods{"playback_play"}));
 }
 

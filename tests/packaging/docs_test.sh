@@ -26,12 +26,13 @@ for word in "${top[@]}"; do
 done
 [ ${#commands[@]} -ge 60 ] || fail "only ${#commands[@]} commands found on the help pages"
 
-flags_of() {  # the FLAGS block of a command page
-  "$cli" $1 --help | sed -n '/^FLAGS$/,/^$/p' | sed -n 's/^  \(--[a-z-]*\).*/\1/p'
-}
-usage_of() {
-  "$cli" $1 --help | sed -n '/^USAGE$/{n;s/^  [^ ]* //;p}'
-}
+# Each command page once: its flags and its usage.
+declare -A flags usages
+for command in "${commands[@]}"; do
+  page=$("$cli" $command --help)
+  flags[$command]=$(sed -n '/^FLAGS$/,/^$/s/^  \(--[a-z-]*\).*/\1/p' <<<"$page" | tr '\n' ' ')
+  usages[$command]=$(sed -n '/^USAGE$/{n;s/^  [^ ]* //;p}' <<<"$page")
+done
 
 # --- manual pages ---------------------------------------------------------
 for page in "$doc/orvanta_cli.1" "$doc/orvanta_desktop_sim.1"; do
@@ -43,10 +44,11 @@ done
 # The page source with roff's escapes taken out.
 man_text=$(sed 's/\\-/-/g; s/\\&//g; s/\\f[BIR]//g; s/\\e/\\/g' "$doc/orvanta_cli.1")
 for command in "${commands[@]}"; do
-  usage=$(usage_of "$command")
-  grep -qF "orvanta_cli $usage" <<<"$man_text" || fail "man page lacks the usage of '$command': $usage"
-  for flag in $(flags_of "$command"); do
-    grep -qF -- "$flag" <<<"$man_text" || fail "man page lacks $flag of '$command'"
+  # "pod shows" and its like answer --help with their group page.
+  usage=${usages[$command]%% <subcommand>*}
+  [[ $man_text == *"orvanta_cli $usage"* ]] || fail "man page lacks the usage of '$command': $usage"
+  for flag in ${flags[$command]}; do
+    [[ $man_text == *"$flag"* ]] || fail "man page lacks $flag of '$command'"
   done
 done
 for section in 'EXIT STATUS' NOTES ENVIRONMENT FILES EXAMPLES 'SEE ALSO'; do
@@ -73,7 +75,7 @@ expect_bash() {  # expected candidates (one string) and the words typed
 expect_bash 'play playlist' pl
 expect_bash 'list create delete' pod shows ''
 expect_bash 'upload shows episodes timeline' pod ''
-expect_bash '--type --limit --offset --format --help -h' library list --
+expect_bash '--type --limit --offset --format --help' library list --
 expect_bash 'text json' search x --format ''
 expect_bash 'on off' rondo permissions --queue-only ''
 expect_bash 'create' pod --show-id abc shows cr
@@ -83,14 +85,22 @@ touch "$tmp/song.mp3" "$tmp/cover.png"
 expect_bash "$tmp/song.mp3" pod upload "$tmp/so"
 expect_bash "$tmp/cover.png" playlist create x --image-file "$tmp/co"
 expect_bash "$tmp/cover.png" library batch --from-file "$tmp/co"
+# Every command word and every flag, in one shell: "command|candidates...".
+all=$(bash -c '
+  source "$1"; shift
+  for command in "$@"; do
+    read -ra typed <<<"$command"
+    COMP_WORDS=(orvanta_cli "${typed[@]}"); COMP_CWORD=${#typed[@]}
+    _orvanta_cli; echo "$command|${COMPREPLY[*]}"
+    COMP_WORDS+=(--); COMP_CWORD=$((COMP_CWORD + 1))
+    _orvanta_cli; echo "$command --|${COMPREPLY[*]}"
+  done' _ "$doc/completions/orvanta_cli.bash" "${commands[@]}")
+declare -A offered
+while IFS='|' read -r typed candidates; do offered[$typed]=" $candidates "; done <<<"$all"
 for command in "${commands[@]}"; do
-  words=($command)
-  last=${words[-1]}
-  bash_complete "${words[@]:0:${#words[@]}-1}" "$last" | grep -qx -- "$last" ||
-    fail "bash does not complete '$command'"
-  candidates=$(bash_complete "${words[@]}" --)
-  for flag in $(flags_of "$command"); do
-    grep -qx -- "$flag" <<<"$candidates" || fail "bash does not offer $flag after '$command'"
+  [[ ${offered[$command]} == *" ${command##* } "* ]] || fail "bash does not complete '$command'"
+  for flag in ${flags[$command]}; do
+    [[ ${offered[$command --]} == *" $flag "* ]] || fail "bash does not offer $flag after '$command'"
   done
 done
 
@@ -102,18 +112,26 @@ fish_complete() {
 fish -n "$doc/completions/orvanta_cli.fish" || fail "fish -n rejects the fish completion"
 got=$(fish_complete 'orvanta_cli pod shows ' | tr '\n' ' ')
 [ "$got" = 'create delete list ' ] || fail "fish completion of 'pod shows ': got '$got'"
+all=$(fish --no-config -c '
+  source $argv[1]
+  for command in $argv[2..-1]
+    for c in (complete -C"orvanta_cli $command --" | string replace -r "\t.*" "")
+      echo "$command|$c"
+    end
+  end' "$doc/completions/orvanta_cli.fish" "${commands[@]}")
+all=$'\n'$all$'\n'
 for command in "${commands[@]}"; do
-  candidates=$(fish_complete "orvanta_cli $command --")
-  for flag in $(flags_of "$command"); do
-    grep -qx -- "$flag" <<<"$candidates" || fail "fish does not offer $flag after '$command'"
+  for flag in ${flags[$command]}; do
+    [[ $all == *$'\n'"$command|$flag"$'\n'* ]] || fail "fish does not offer $flag after '$command'"
   done
 done
 
 # --- zsh: syntax, and every word and flag in its data ---------------------
 zsh -n "$doc/completions/_orvanta_cli" || fail "zsh -n rejects the zsh completion"
+zsh_text=$(<"$doc/completions/_orvanta_cli")
 for command in "${commands[@]}"; do
-  for word in $command $(flags_of "$command"); do
-    grep -qF -- "'$word:" "$doc/completions/_orvanta_cli" || fail "zsh completion lacks '$word' ($command)"
+  for word in $command ${flags[$command]}; do
+    [[ $zsh_text == *"'$word:"* ]] || fail "zsh completion lacks '$word' ($command)"
   done
 done
 

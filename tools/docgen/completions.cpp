@@ -39,12 +39,14 @@ std::string describe_entry(std::string_view name, std::string_view summary) {
   return sh_quote(out + ":" + std::string(summary));
 }
 
+// The flags that `pick` accepts, as one case pattern: "--a|--b", or with
+// another separator for fish's "case --a --b".
 template <class Pick>
-std::string flag_pattern(const std::vector<Node>& tree, Pick pick) {
+std::string flag_pattern(const std::vector<Node>& tree, Pick pick, char separator = '|') {
   std::string out;
   for (const cli::FlagRow* flag : all_flags(tree)) {
     if (!pick(*flag)) continue;
-    if (!out.empty()) out += '|';
+    if (!out.empty()) out += separator;
     out += flag->name;
   }
   return out;
@@ -188,25 +190,44 @@ std::string zsh_completion(const std::vector<Node>& tree) {
 }
 
 std::string fish_completion(const std::vector<Node>& tree) {
-  std::string value_flags;
-  for (const cli::FlagRow* flag : all_flags(tree)) {
-    if (takes_value(*flag)) value_flags += " " + std::string(flag->name);
-  }
   std::string out =
       "# fish completion for orvanta_cli. Generated from the command catalogue.\n\n"
-      "function __orvanta_cli_subcommands\n"
+      "# The words that may follow a node, then its flags, as \"candidate<TAB>description\".\n"
+      "function __orvanta_cli_node_data\n"
       "    switch \"$argv[1]\"\n";
   for (const Node& node : tree) {
-    if (node.subcommands.empty()) continue;
-    out += "        case " + fish_quote(node.path) + "\n            printf '%s\\n' " +
-           words_of(node) + "\n";
+    out += "        case " + fish_quote(node.path) + "\n";
+    out += "            set words";
+    for (const Word& word : node.subcommands) out += " " + fish_quote(std::string(word.name) + "\t" + std::string(word.summary));
+    out += "\n            set flags";
+    for (const cli::FlagRow* flag : node.flags) {
+      out += " " + fish_quote(std::string(flag->name) + "\t" + first_line(flag->description));
+    }
+    out += "\n            set file " + std::string(node.file_argument ? "1" : "0") + "\n";
   }
   out +=
       "    end\n"
+      "    # printf with no values would still print one empty line.\n"
+      "    set -q words[1]; and printf '%s\\n' $words\n"
+      "    printf '%s\\n' --\n"
+      "    printf '%s\\n' $flags\n"
+      "    echo $file\n"
       "end\n\n"
-      "# The command words typed so far, flags and their values left out.\n"
-      "function __orvanta_cli_node\n"
+      "function __orvanta_cli_complete\n"
       "    set -l tokens (commandline -opc)\n"
+      "    set -l current (commandline -ct)\n"
+      "    switch \"$tokens[-1]\"\n" +
+      choice_arms(tree, [](std::string_view name, const std::string& list) {
+        return "        case " + std::string(name) + "\n            printf '%s\\n' " + list +
+               "\n            return\n";
+      }) +
+      "        case " + flag_pattern(tree, takes_path, ' ') + "\n"
+      "            __fish_complete_path $current\n"
+      "            return\n"
+      "        case " + flag_pattern(tree, takes_free, ' ') + "\n"
+      "            return\n"
+      "    end\n"
+      "    # The command words typed so far, flags and their values left out.\n"
       "    set -l node ''\n"
       "    set -l skip 0\n"
       "    for word in $tokens[2..-1]\n"
@@ -214,50 +235,29 @@ std::string fish_completion(const std::vector<Node>& tree) {
       "            set skip 0\n"
       "            continue\n"
       "        end\n"
-      "        if contains -- $word" + value_flags + "\n"
-      "            set skip 1\n"
-      "            continue\n"
+      "        switch $word\n"
+      "            case " + flag_pattern(tree, takes_value, ' ') + "\n"
+      "                set skip 1\n"
+      "                continue\n"
+      "            case '-*'\n"
+      "                continue\n"
       "        end\n"
-      "        string match -q -- '-*' $word; and continue\n"
-      "        contains -- $word (__orvanta_cli_subcommands $node); or break\n"
+      "        set -l data (__orvanta_cli_node_data $node)\n"
+      "        set -l words (string replace -r '\\t.*' '' -- $data[1..(contains -i -- -- $data)])\n"
+      "        contains -- $word $words; or break\n"
       "        set node (string trim -- \"$node $word\")\n"
       "    end\n"
-      "    echo $node\n"
+      "    set -l data (__orvanta_cli_node_data $node)\n"
+      "    set -l split (contains -i -- -- $data)\n"
+      "    if string match -q -- '-*' $current\n"
+      "        printf '%s\\n' $data[(math $split + 1)..-2] -h\\tShow\\ help\\ for\\ command\n"
+      "    else if test $split -gt 1\n"
+      "        printf '%s\\n' $data[1..(math $split - 1)]\n"
+      "    else if test $data[-1] = 1\n"
+      "        __fish_complete_path $current\n"
+      "    end\n"
       "end\n\n"
-      "function __orvanta_cli_at\n"
-      "    set -l node (__orvanta_cli_node)\n"
-      "    test \"$node\" = \"$argv[1]\"\n"
-      "end\n\n"
-      "complete -c orvanta_cli -f\n";
-  for (const Node& node : tree) {
-    std::string at = " -n " + fish_quote("__orvanta_cli_at " + fish_quote(node.path));
-    for (const Word& word : node.subcommands) {
-      out += "complete -c orvanta_cli" + at + " -a " + fish_quote(word.name) + " -d " +
-             fish_quote(word.summary) + "\n";
-    }
-    if (node.file_argument) out += "complete -c orvanta_cli" + at + " -F\n";
-    for (const cli::FlagRow* flag : node.flags) {
-      out += "complete -c orvanta_cli" + at + " -l " + std::string(flag->name.substr(2));
-      switch (value_kind(*flag)) {
-        case ValueKind::none:
-          break;
-        case ValueKind::free:
-          out += " -x";
-          break;
-        case ValueKind::path:
-          out += " -r -F";
-          break;
-        case ValueKind::choices: {
-          std::string list;
-          for (std::string_view c : flag_choices(*flag)) list += (list.empty() ? "" : " ") + std::string(c);
-          out += " -x -a " + fish_quote(list);
-          break;
-        }
-      }
-      if (flag->name == "--help") out += " -s h";
-      out += " -d " + fish_quote(first_line(flag->description)) + "\n";
-    }
-  }
+      "complete -c orvanta_cli -f -a '(__orvanta_cli_complete)'\n";
   return out;
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "commands/credits.hpp"
 #include "messages/record_codecs.hpp"
 
 namespace orvanta::commands {
@@ -24,13 +25,11 @@ void print_named(std::FILE* out, const std::string& name, const std::string& uri
   std::fprintf(out, "  %s  %s\n", name.c_str(), uri.c_str());
 }
 
-// "  name by A, B  uri", without " by" when nobody is credited.
+// "  name by A, B  uri".
 void print_credited(std::FILE* out, const std::string& name, const std::vector<std::string>& credits,
                     const std::string& uri) {
-  std::string joined;
-  for (const std::string& credit : credits) joined += (joined.empty() ? "" : ", ") + credit;
   std::fprintf(out, "  %s", name.c_str());
-  if (!joined.empty()) std::fprintf(out, " by %s", joined.c_str());
+  print_credits(out, credits);
   std::fprintf(out, "  %s\n", uri.c_str());
 }
 

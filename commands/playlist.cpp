@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "commands/credits.hpp"
 #include "messages/record_codecs.hpp"
 
 namespace orvanta::commands {
@@ -28,15 +29,6 @@ bool take_cover_image(const cli::CommandLine& line, std::optional<std::string>& 
   return true;
 }
 
-std::string joined(const std::vector<std::string>& words, const char* separator) {
-  std::string text;
-  for (const std::string& word : words) {
-    if (!text.empty()) text += separator;
-    text += word;
-  }
-  return text;
-}
-
 // `position` is the playlist's own number for the entry, not a count of ours.
 void print_track(std::FILE* out, const PlaylistTrack& track) {
   if (track.type == "episode") {
@@ -45,8 +37,7 @@ void print_track(std::FILE* out, const PlaylistTrack& track) {
     return;
   }
   std::fprintf(out, "  %2d. %s", track.position, track.name.c_str());
-  const std::string artists = joined(track.artists, ", ");
-  if (!artists.empty()) std::fprintf(out, " by %s", artists.c_str());
+  print_credits(out, track.artists);
   std::fprintf(out, "  %s\n", track.uri.c_str());
 }
 

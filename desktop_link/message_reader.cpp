@@ -15,10 +15,12 @@
 
 namespace orvanta::link {
 
-asio::awaitable<void> PartnerApiTransport::reader_loop() {
+asio::awaitable<void> PartnerApiTransport::reader_loop(std::uint64_t generation) {
   auto self = lock_self();
   std::error_code ec;
-  while (should_continue(ec)) {
+  // A reader whose socket was closed under it, and perhaps opened again for
+  // the next attempt, ends without a word: the socket is no longer its own.
+  while (generation == socket_generation_ && should_continue(ec)) {
     auto message = co_await read_message();
     ec = message ? dispatch(std::move(message.value())) : message.error();
   }

@@ -69,10 +69,16 @@ asio::awaitable<std::error_code> PartnerApiTransport::authorized_attempt(asio::i
                                                                          std::string version) {
   auto self = lock_self();
   try {
+    // A hello that failed with a code left its socket open. Connecting it
+    // again must not pass for a new connection (on Linux a second connect on
+    // a connected socket succeeds): this attempt fails as already connected,
+    // the catch closes the socket, and the next attempt starts afresh. So no
+    // second hello goes out on one connection, and one reader runs per socket.
+    if (socket_.is_open()) throw std::system_error(asio::error::already_connected);
     co_await socket_.async_connect(endpoint, asio::use_awaitable);
     // The reply to the hello comes through the response queue, so the reader
     // has to run before the hello goes out.
-    asio::co_spawn(*executor_, reader_loop(), asio::detached);
+    asio::co_spawn(*executor_, reader_loop(++socket_generation_), asio::detached);
 
     asio::steady_timer timer(*executor_);
     start_hello_timer(timer);

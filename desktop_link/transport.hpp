@@ -10,6 +10,7 @@
 // that fails throws std::bad_weak_ptr. A transport serves one connection: a
 // new connect makes a new transport.
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -79,7 +80,7 @@ class PartnerApiTransport : public std::enable_shared_from_this<PartnerApiTransp
   asio::awaitable<std::error_code> await_hello_completion();
   void start_hello_timer(asio::steady_timer& timer);
   asio::awaitable<Result<ResponseMessage>> receive_response(std::string expected_id);
-  asio::awaitable<void> reader_loop();
+  asio::awaitable<void> reader_loop(std::uint64_t generation);
   asio::awaitable<Result<ClassifiedMessage>> read_message();
   std::error_code dispatch(ClassifiedMessage message);
   asio::awaitable<void> notification_pump();
@@ -91,6 +92,7 @@ class PartnerApiTransport : public std::enable_shared_from_this<PartnerApiTransp
   MessageQueue<ClassifiedMessage> response_queue_;
   MessageQueue<NotificationMessage> notification_queue_;
   NotificationHandler notification_handler_;
+  std::uint64_t socket_generation_ = 0;  // counts the sockets connected; a reader serves one
 };
 
 }  // namespace orvanta::link

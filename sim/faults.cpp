@@ -118,4 +118,17 @@ std::string add_garbage(FaultPlan& plan, std::string_view value) {
   return {};
 }
 
+std::string add_spoiled_hello(FaultPlan& plan, std::string_view value) {
+  if (value == "reject") {
+    plan.spoil_first_hello = HelloSpoil::reject;
+  } else if (value == "garbled") {
+    plan.spoil_first_hello = HelloSpoil::garbled;
+  } else if (value == "bad-completion") {
+    plan.spoil_first_hello = HelloSpoil::bad_completion;
+  } else {
+    return "--spoil-first-hello takes reject, garbled or bad-completion, not '" + std::string(value) + "'";
+  }
+  return {};
+}
+
 }  // namespace orvanta::sim

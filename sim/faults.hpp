@@ -3,7 +3,9 @@
 // Misbehaviour on request, for tests and for people hardening their scripts.
 // Per method: fail with a code, answer late, never answer, answer with the
 // wrong id, or put garbage on the wire before the answer. Per connection:
-// drop it after N requests, refuse the hello, or ignore the hello.
+// drop it after N requests, refuse the hello, or ignore the hello. Once:
+// spoil the first hello that arrives, in one of the ways a confused desktop
+// client might, and answer every later one well.
 
 #include <chrono>
 #include <cstdint>
@@ -22,6 +24,13 @@ enum class GarbageKind {
   oversized_length,  // a header announcing 4 MiB with no payload, then the answer
 };
 
+// How the first hello is spoiled.
+enum class HelloSpoil {
+  reject,          // an error reply
+  garbled,         // a reply whose result does not decode
+  bad_completion,  // a completing notification whose params are not an object
+};
+
 struct FaultPlan {
   std::map<std::string, Failure, std::less<>> fail;
   std::map<std::string, std::chrono::milliseconds, std::less<>> delay;
@@ -31,6 +40,7 @@ struct FaultPlan {
   std::optional<std::uint32_t> close_after;  // requests answered before the connection drops
   bool reject_hello = false;
   bool silent_hello = false;
+  std::optional<HelloSpoil> spoil_first_hello;
 
   const Failure* failure_for(std::string_view method) const;
   std::optional<std::chrono::milliseconds> delay_for(std::string_view method) const;
@@ -47,6 +57,7 @@ std::string add_delay(FaultPlan& plan, std::string_view value);    // METHOD=MS
 std::string add_hang(FaultPlan& plan, std::string_view value);     // METHOD
 std::string add_wrong_id(FaultPlan& plan, std::string_view value); // METHOD
 std::string add_garbage(FaultPlan& plan, std::string_view value);  // METHOD[=stray|oversize]
+std::string add_spoiled_hello(FaultPlan& plan, std::string_view value);  // reject|garbled|bad-completion
 
 // The words of an injected failure: the category's own message for the code.
 std::string injected_message(std::int32_t code, std::string_view category);

@@ -75,7 +75,7 @@ int main(int argc, char** argv) {
   SimState& state = std::get<SimState>(loaded);
   if (options.logged_out) state.account.logged_in = false;
   RequestLog log;
-  if (!options.log_file.empty() && !log.open(options.log_file)) {
+  if (!options.log_file.empty() && !log.open(options.log_file, options.log_connections)) {
     return refuse("cannot open the request log " + options.log_file, 1);
   }
   if (int status = serve(options, state, log); status != 0) return status;

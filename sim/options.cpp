@@ -18,6 +18,7 @@ constexpr std::string_view usage =
     "  --ready-file PATH        Write the listening ports to PATH once listening\n"
     "  --no-process-name        Keep the process name; by default it is \"Orvanta\"\n"
     "  --log FILE               Append one JSON line per request: {\"method\":...,\"params\":...}\n"
+    "  --log-connections        Number the log's lines by connection: {...,\"connection\":N}\n"
     "\n"
     "State:\n"
     "  --state FILE             Start from this state instead of the built-in one\n"
@@ -35,6 +36,9 @@ constexpr std::string_view usage =
     "  --close-after N                  Drop each connection after answering N requests\n"
     "  --reject-hello                   Refuse authorize_connection (unauthorized request)\n"
     "  --silent-hello                   Never answer authorize_connection\n"
+    "  --spoil-first-hello reject|garbled|bad-completion\n"
+    "                                   Spoil the first hello only: refuse it, answer what does not\n"
+    "                                   decode, or complete it with params that are not an object\n"
     "\n"
     "SIGINT or SIGTERM stops it.\n";
 
@@ -78,7 +82,7 @@ struct ValueFlag {
   Apply apply;
 };
 
-constexpr std::array<ValueFlag, 11> value_flags{{
+constexpr std::array<ValueFlag, 12> value_flags{{
     {"--port", add_port},
     {"--ready-file", store<&Options::ready_file>},
     {"--state", store<&Options::state_file>},
@@ -90,12 +94,14 @@ constexpr std::array<ValueFlag, 11> value_flags{{
     {"--wrong-id", fault<add_wrong_id>},
     {"--garbage-frame", fault<add_garbage>},
     {"--close-after", set_close_after},
+    {"--spoil-first-hello", fault<add_spoiled_hello>},
 }};
 
 // The flag's member, for the flags that take no value.
 bool* switch_flag(Options& o, std::string_view arg) {
   if (arg == "--complete-notification") return &o.complete_notification;
   if (arg == "--logged-out") return &o.logged_out;
+  if (arg == "--log-connections") return &o.log_connections;
   if (arg == "--reject-hello") return &o.faults.reject_hello;
   if (arg == "--silent-hello") return &o.faults.silent_hello;
   if (arg == "--help" || arg == "-h") return &o.help;

@@ -23,6 +23,7 @@ struct SimOptions {
   bool name_process = true;
   bool complete_notification = false;
   bool logged_out = false;
+  bool log_connections = false;
   bool help = false;
   FaultPlan faults;
 };

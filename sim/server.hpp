@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <asio/awaitable.hpp>
@@ -50,6 +51,10 @@ class Server {
   // Sends each notice: to the caller, or to every connection subscribed.
   void deliver(const std::vector<Notice>& notices, Session& caller);
 
+  // True for the first hello of the server's life only, when the plan says
+  // to spoil it.
+  bool spoils_this_hello() noexcept { return faults_.spoil_first_hello && !std::exchange(hello_seen_, true); }
+
  private:
   asio::awaitable<void> accept_loop(asio::ip::tcp::acceptor* acceptor);
 
@@ -60,6 +65,8 @@ class Server {
   std::vector<std::unique_ptr<asio::ip::tcp::acceptor>> acceptors_;
   std::vector<std::uint16_t> ports_;
   std::vector<std::weak_ptr<Session>> sessions_;
+  std::uint32_t connections_ = 0;  // accepted so far
+  bool hello_seen_ = false;
 };
 
 // The completion of every detached coroutine of the simulator: an exception

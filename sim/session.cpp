@@ -33,11 +33,12 @@ std::string garbage_bytes(GarbageKind kind) {
 
 }  // namespace
 
-Session::Session(asio::ip::tcp::socket socket, Server& server)
+Session::Session(asio::ip::tcp::socket socket, Server& server, std::uint32_t number)
     : socket_(std::move(socket)),
       server_(server),
       delay_timer_(socket_.get_executor()),
-      outbox_(static_cast<asio::io_context&>(socket_.get_executor().context())) {}
+      outbox_(static_cast<asio::io_context&>(socket_.get_executor().context())),
+      number_(number) {}
 
 void Session::start() {
   asio::co_spawn(socket_.get_executor(), read_loop(), report_coroutine_end);
@@ -76,7 +77,7 @@ asio::awaitable<void> Session::read_loop() {
                                            "The message is not a Partner API request")));
       continue;
     }
-    if (RequestLog* log = server_.log()) log->record(request->method, request->params.view());
+    if (RequestLog* log = server_.log()) log->record(request->method, request->params.view(), number_);
     co_await answer(std::move(*request));
   }
   // When draining, the writer closes the socket once the last answer is out.
@@ -138,6 +139,7 @@ Session::Reply Session::reply_to(const messages::RequestMessage& request) {
   const std::string& method = request.method;
   std::optional<std::string> id = request.id;
   if (faults.answers_with_wrong_id(method)) id = id.value_or("") + "-not-yours";
+  if (is_hello(method) && server_.spoils_this_hello()) return spoiled_hello(*faults.spoil_first_hello, id);
   if (is_hello(method) && faults.reject_hello) {
     return {encode_error(id, fail(link::DesktopApiError::unauthorized_request,
                                   "This desktop client does not accept connections from the CLI")), {}};
@@ -153,6 +155,21 @@ Session::Reply Session::reply_to(const messages::RequestMessage& request) {
   // A successful call of a subscribing method subscribes this connection.
   messages::visit_notification(method, [&](auto) { subscriptions_.emplace(method); });
   return {encode_result(id, *outcome.result), std::move(outcome.notices)};
+}
+
+// A first hello answered as a confused desktop client might answer it. The
+// connection stays unauthorized.
+Session::Reply Session::spoiled_hello(HelloSpoil spoil, const std::optional<std::string>& id) {
+  switch (spoil) {
+    case HelloSpoil::reject:
+      return {encode_error(id, fail(link::DesktopApiError::unauthorized_request, "Not now, try again")), {}};
+    case HelloSpoil::garbled:
+      return {encode_result(id, R"({"orvanta_app_version":17})"), {}};
+    case HelloSpoil::bad_completion:
+      return {encode_result(id, R"({"orvanta_app_version":"1.2.58.411","sends_complete_notification":true})"),
+              {Notice{"authorize_connection", "[]", false}}};
+  }
+  return {};
 }
 
 }  // namespace orvanta::sim

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -19,6 +20,7 @@
 #include "desktop_link/message_queue.hpp"
 #include "messages/envelope.hpp"
 #include "sim/context.hpp"
+#include "sim/faults.hpp"
 
 namespace orvanta::sim {
 
@@ -26,7 +28,8 @@ class Server;
 
 class Session : public std::enable_shared_from_this<Session> {
  public:
-  Session(asio::ip::tcp::socket socket, Server& server);
+  // `number` counts the server's connections from 1.
+  Session(asio::ip::tcp::socket socket, Server& server, std::uint32_t number);
 
   // Starts the reader and the writer on the socket's executor.
   void start();
@@ -56,6 +59,7 @@ class Session : public std::enable_shared_from_this<Session> {
 
   asio::awaitable<void> answer(messages::RequestMessage request);
   Reply reply_to(const messages::RequestMessage& request);
+  static Reply spoiled_hello(HelloSpoil spoil, const std::optional<std::string>& id);
   void push(Outgoing item);
 
   asio::ip::tcp::socket socket_;
@@ -67,6 +71,7 @@ class Session : public std::enable_shared_from_this<Session> {
   bool closing_ = false;
   bool draining_ = false;  // the last answer is queued; no more requests are read
   std::uint32_t answered_ = 0;
+  std::uint32_t number_;
 };
 
 }  // namespace orvanta::sim

@@ -67,6 +67,34 @@ TEST_F(Connection, HelloRefused) {
   EXPECT_EQ(errors[0].second, "connect");
 }
 
+// The refused hello's socket is still open when the retry comes, with no
+// pause between attempts here: that attempt closes it without a word on the
+// wire and fails as already connected, and the next one connects afresh.
+// The first connection's reader ends with its socket and disturbs nothing.
+TEST_F(Connection, HelloRefusedThenRetriedOnAFreshSocket) {
+  retry_window_ms = 60000;
+  make_client();
+  serve([](LinkTest* t) -> asio::awaitable<void> {
+    co_await t->peer.accept();
+    auto hello = co_await t->next_request();
+    co_await t->peer.write_frame(orvanta::testing::error_reply(hello.id, 3, "desktop_api"));
+    co_await t->await_close();
+    co_await t->handshake(std::string(orvanta::testing::hello_result));
+  }(this));
+  EXPECT_EQ(await(client->connect()), DesktopApiError::success);
+  drive([&] { return peer_done; });
+  EXPECT_EQ(peer_closed_with, asio::error::eof);
+  EXPECT_EQ(seen.size(), 2u);  // the second connection's hello and subscription
+  EXPECT_EQ(client->connection_state(), orvanta::link::state_connected);
+  EXPECT_EQ(log_lines, (std::vector<std::string>{
+                           "PartnerApiClient - Connection state changed: 1",
+                           "Partner API - Error in response: peer says no",
+                           "Partner API - Connect exception (106): Transport endpoint is already connected",
+                           "Partner API - Failed to read message tag: Operation aborted.",
+                           "PartnerApiClient - Connection state changed: 2",
+                       }));
+}
+
 TEST_F(Connection, NobodyListening) {
   peer.stop_listening();
   EXPECT_EQ(await(client->connect()), DesktopApiError::client_connection_failed);

@@ -77,7 +77,7 @@ class LinkTest : public ::testing::Test {
     }
   }
 
-  // Builds the client, again after a change of `hello_limit`.
+  // Builds the client, again after a change of `hello_limit` or `retry_window_ms`.
   void make_client() {
     client = std::make_unique<link::PartnerApiClient>("test-client", "Orvanta CLI", "1.2.93.667", context, nullptr,
                                                       settings());
@@ -85,12 +85,13 @@ class LinkTest : public ::testing::Test {
         [this](std::error_code ec, std::string operation) { errors.emplace_back(ec, std::move(operation)); });
   }
 
-  // One port, no retry window, no pause: a refused attempt fails at once.
+  // One port, no pause, and by default no retry window: a refused attempt
+  // fails at once.
   link::ConnectSettings settings() {
     link::ConnectSettings s;
     s.address = asio::ip::make_address_v4("127.0.0.1");
     s.ports = {peer.port()};
-    s.retry_window_ms = 0;
+    s.retry_window_ms = retry_window_ms;
     s.retry_pause_ms = 0;
     s.hello_limit = hello_limit;
     return s;
@@ -188,6 +189,7 @@ class LinkTest : public ::testing::Test {
   }
 
   std::chrono::milliseconds hello_limit{1000};
+  std::uint64_t retry_window_ms = 0;
   asio::io_context context;
   LoopbackPeer peer{context};
   std::vector<std::string> log_lines;

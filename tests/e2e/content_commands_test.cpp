@@ -21,7 +21,7 @@ std::string edge_state(const std::string& order) {
     "tracks": [{"uri": "orvanta:track:echo", "name": "Echo Song"}],
     "episodes": [{"uri": "orvanta:episode:echo1", "name": "Echo Episode"}],
     "shows": [{"uri": "orvanta:show:echoshow", "name": "Echo Show"}],
-    "audiobooks": [{"uri": "orvanta:audiobook:echobook", "name": "Echo Book", "authors": ["Ann", "Cy"]}],
+    "audiobooks": [{"uri": "orvanta:audiobook:echobook", "name": "Echo Book", "authors": ["", "Cy"]}],
     "playlists": [{"uri": "orvanta:playlist:echolist", "name": "Echo List", "owner": ""}],
     "search_categories_order": )" + order + R"(,
     "search_recommendations": {"title": "Made for U", "playlists": [
@@ -54,7 +54,8 @@ TEST(ContentCommands, SearchSendsItsFiltersAndFindingNothingIsNoFailure) {
 
 // Only the named sections print, each once per mention; unknown words and
 // "episodes" (the client says "audioepisodes") print nothing. Entries
-// without credits have no " by ", and several are joined by ", ".
+// without credits have no " by ", and several are joined by ", ", an empty
+// name too.
 TEST(ContentCommands, SearchWithAnOrderOfItsOwn) {
   StateFile state(edge_state(R"(["artists", "tracks", "episodes", "podcasts", "topRecommendations",
                                  "playlists", "audiobooks", "artists"])"));
@@ -70,7 +71,7 @@ TEST(ContentCommands, SearchWithAnOrderOfItsOwn) {
                  "Playlists:\n"
                  "  Echo List  orvanta:playlist:echolist\n"
                  "Audiobooks:\n"
-                 "  Echo Book by Ann, Cy  orvanta:audiobook:echobook\n"
+                 "  Echo Book by , Cy  orvanta:audiobook:echobook\n"
                  "Artists:\n"
                  "  Alpha Echo  orvanta:artist:alpha\n",
                  "", 0}});
@@ -101,7 +102,7 @@ TEST(ContentCommands, SearchWithoutAnOrderHistoryAndPausedTrack) {
                  "Episodes:\n"
                  "  Echo Episode  orvanta:episode:echo1\n"
                  "Audiobooks:\n"
-                 "  Echo Book by Ann, Cy  orvanta:audiobook:echobook\n",
+                 "  Echo Book by , Cy  orvanta:audiobook:echobook\n",
                  "", 0},
                 {{"history", "top"},
                  " 1. Echoes  orvanta:album:echoes  (2h)\n 2. Echo Song  orvanta:track:echo  (0h)\n",

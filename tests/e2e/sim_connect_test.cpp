@@ -112,6 +112,27 @@ TEST(ConnectPaths, RejectedHelloEndsInConnectionFailure) {
   EXPECT_EQ(methods.size(), static_cast<std::size_t>(std::count(methods.begin(), methods.end(), "authorize_connection")));
 }
 
+// A first hello that fails with a code (an error reply, a reply that does
+// not decode, a completion whose params are not an object) leaves its socket
+// open. The retry that follows finds it open and closes it without sending
+// anything; the one after connects afresh. So every connection carries one
+// hello, and the command runs as usual on the second.
+TEST(ConnectPaths, AFirstHelloThatFailsIsRetriedOnANewConnection) {
+  for (const char* spoil : {"reject", "garbled", "bad-completion"}) {
+    SCOPED_TRACE(spoil);
+    SimProcess sim({"--spoil-first-hello", spoil, "--log-connections"});
+    expect_result(run_cli({"status"}), "Orvanta desktop client is running\nLogged in: Yes\n", "", 0);
+    std::vector<std::string> seen;  // "method@connection"
+    for (const std::string& line : sim.requests()) {
+      const std::string method = line.substr(11, line.find('"', 11) - 11);
+      const std::string connection = line.substr(line.rfind(':') + 1);
+      seen.push_back(method + "@" + connection.substr(0, connection.size() - 1));
+    }
+    EXPECT_EQ(seen, (std::vector<std::string>{"authorize_connection@1", "authorize_connection@2",
+                                              "login_state_subscription@2"}));
+  }
+}
+
 TEST(ConnectPaths, FailedLoginSubscriptionFailsTheConnection) {
   SimProcess sim({"--fail", "login_state_subscription=4"});
   expect_result(run_cli({"status"}), "", "Failed to connect to Orvanta desktop client: internal server error\n", 1);

@@ -18,7 +18,7 @@ class CommandLine;
 
 namespace detail {
 
-// The parsed run as plain data, in the order the flags are documented.
+// The parsed run as plain data, in the order of the flag table.
 // String views point into the argument vector given to main, which outlives
 // the record. Only the flag parser and the recogniser write these fields,
 // through writable(); everybody else reads a CommandLine by its accessors.

@@ -96,6 +96,57 @@ TEST_F(Notifications, StreamsEmitDecodedRecords) {
   EXPECT_TRUE(log_lines.empty());
 }
 
+// A well-formed notification of each family that an operation subscribes to
+// reaches its own signal, decoded key by key; keys left out take their
+// defaults.
+TEST_F(Notifications, EachFamilyReachesItsSignalDecoded) {
+  using namespace orvanta::messages;
+  std::vector<ChatNotification> chats;
+  std::vector<PermissionRequest> permissions;
+  std::vector<AiCompletionsStreamChunk> completions;
+  std::vector<AiMessagesStreamChunk> answers;
+  orvanta::link::ScopedConnection c1 = client->on_chat([&](ChatNotification n) { chats.push_back(std::move(n)); });
+  orvanta::link::ScopedConnection c2 =
+      client->on_permission_request([&](PermissionRequest n) { permissions.push_back(std::move(n)); });
+  orvanta::link::ScopedConnection c3 =
+      client->on_ai_completions_stream([&](AiCompletionsStreamChunk n) { completions.push_back(std::move(n)); });
+  orvanta::link::ScopedConnection c4 =
+      client->on_ai_messages_stream([&](AiMessagesStreamChunk n) { answers.push_back(std::move(n)); });
+  deliver({
+      notification("chat_subscribe",
+                   R"({"conversation_id":"c1","message_id":"m9","sender":"u2","text":"hej",)"
+                   R"("timestamp":"2026-11-24T10:00:00Z","agent_context":{"agent_id":"a7","role":"assistant"},)"
+                   R"("envelope_header":"h1"})"),
+      notification("chat_subscribe", R"({"conversation_id":"c2","message_id":"m1","sender":"u3","text":"",)"
+                                     R"("timestamp":"t"})"),
+      notification("permissions_subscribe",
+                   R"({"type":"request","request_id":"r1","command":"play","permission_type":"playback",)"
+                   R"("origin":"agent","source_id":"s3","granted":true,"message":"May I?"})"),
+      notification("permissions_subscribe", R"({"type":"t","request_id":"r2","command":"c","permission_type":"p",)"
+                                            R"("origin":"o","source_id":"s","message":"m"})"),
+      notification("ai_completions_stream", R"({"data":"Hel","done":false,"error":false,"error_msg":"",)"
+                                            R"("status_code":200,"content_type":"text/plain"})"),
+      notification("ai_completions_stream", R"({"data":"lo","done":true,"error":false})"),
+      notification("ai_messages_stream", R"({"data":"","done":true,"error":true,"error_msg":"quota",)"
+                                         R"("status_code":429,"content_type":"application/json"})"),
+  });
+  EXPECT_EQ(chats, (std::vector<ChatNotification>{
+                       {"c1", "m9", "u2", "hej", "2026-11-24T10:00:00Z", ChatAgentContext{"a7", "assistant"}, "h1"},
+                       {"c2", "m1", "u3", "", "t", std::nullopt, std::nullopt},
+                   }));
+  EXPECT_EQ(permissions, (std::vector<PermissionRequest>{
+                             {"request", "r1", "play", "playback", "agent", "s3", true, "May I?"},
+                             {"t", "r2", "c", "p", "o", "s", std::nullopt, "m"},
+                         }));
+  EXPECT_EQ(completions, (std::vector<AiCompletionsStreamChunk>{
+                             {"Hel", false, false, "", 200, "text/plain"},
+                             {"lo", true, false, "", 0, ""},
+                         }));
+  EXPECT_EQ(answers, (std::vector<AiMessagesStreamChunk>{{"", true, true, "quota", 429, "application/json"}}));
+  EXPECT_TRUE(errors.empty());
+  EXPECT_TRUE(log_lines.empty());
+}
+
 // Frames that can't be read as messages cost a log line and an error each,
 // and the connection stays.
 TEST_F(Notifications, StrayBytesAndBadTextsDoNotEndTheConnection) {

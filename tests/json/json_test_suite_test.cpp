@@ -41,7 +41,7 @@ std::map<std::string, bool> expected_outcomes() {
 
 TEST(JsonTestSuite, EveryFileHasItsListedOutcome) {
   const std::filesystem::path folder =
-      std::filesystem::path(ORVANTA_SOURCE_DIR) / ".." / "shared" / "testdata" / "JSONTestSuite" / "test_parsing";
+      std::filesystem::path(ORVANTA_SOURCE_DIR) / "tests" / "json" / "data" / "JSONTestSuite" / "test_parsing";
   ASSERT_TRUE(std::filesystem::is_directory(folder)) << folder;
   const std::map<std::string, bool> expected = expected_outcomes();
   ASSERT_EQ(expected.size(), 318u);

@@ -7,6 +7,7 @@
 #include "commands/program.hpp"
 #include "crash/crash_reporter.hpp"
 #include "crash/defaults.hpp"
+#include "platform/standard_streams.hpp"
 
 using orvanta::cli::CommandId;
 
@@ -28,9 +29,8 @@ void start_crash_reporter() {
   (void)reporter.start(config);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+// Everything from the crash reporter to the command's status.
+int run(int argc, char** argv) {
   start_crash_reporter();
   const auto line = orvanta::cli::parse_command_line(argc, argv);
   const auto& catalogue = orvanta::cli::HelpCatalogue::instance();
@@ -55,4 +55,17 @@ int main(int argc, char** argv) {
     orvanta::cli::print_usage(line.program_name(), catalogue);
   }
   return 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // Before anything opens a descriptor: a closed stdin must not become the
+  // crash handler's pipe that a manifest read then waits on.
+  orvanta::platform::ensure_standard_descriptors();
+  const int status = run(argc, argv);
+  // Output that did not reach its file or pipe makes a failed run. (A closed
+  // pipe ends the program by SIGPIPE before this, as it should.)
+  if (!orvanta::platform::stdout_written()) return 1;
+  return status;
 }

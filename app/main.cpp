@@ -8,6 +8,7 @@
 #include "crash/crash_reporter.hpp"
 #include "crash/defaults.hpp"
 #include "platform/standard_streams.hpp"
+#include "platform/terminal_stream.hpp"
 
 using orvanta::cli::CommandId;
 
@@ -41,7 +42,11 @@ int run(int argc, char** argv) {
   }
 
   if (line.command() != CommandId::None) {
-    orvanta::cli::CommandRunner runner;
+    // Names that come from the desktop client are shown on a terminal, not
+    // obeyed; pipes and files get them byte for byte.
+    orvanta::platform::TerminalSafeStream out(stdout);
+    orvanta::platform::TerminalSafeStream err(stderr);
+    orvanta::cli::CommandRunner runner(out.get(), err.get());
     return runner.run(line);
   }
 

@@ -14,14 +14,16 @@
 
 namespace orvanta::cli {
 
-CommandRunner::CommandRunner()
+CommandRunner::CommandRunner() : CommandRunner(stdout, stderr) {}
+
+CommandRunner::CommandRunner(std::FILE* out, std::FILE* err)
     : CommandRunner([] { return std::make_unique<link::SystemAppLauncher>(std::string(commands::kLauncherName)); },
                     [](asio::io_context& context) {
                       return std::make_unique<link::PartnerApiClient>(
                           link::client_id(), std::string(commands::kClientDisplayName),
                           std::string(commands::kVersion), context);
                     },
-                    stdout, stderr) {}
+                    out, err) {}
 
 CommandRunner::CommandRunner(const LauncherFactory& make_launcher, const ClientFactory& make_client,
                              std::FILE* out, std::FILE* err)

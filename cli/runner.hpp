@@ -26,6 +26,8 @@ class CommandRunner {
   // Starts the IO thread and waits until it runs. Throws std::system_error
   // when the thread can't be started.
   CommandRunner();
+  // The same, printing on `out` and `err`.
+  CommandRunner(std::FILE* out, std::FILE* err);
   // The same runner around another launcher and client, printing on other
   // streams: how tests put a double in the desktop client's place.
   CommandRunner(const LauncherFactory& make_launcher, const ClientFactory& make_client, std::FILE* out,

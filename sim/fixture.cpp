@@ -1,8 +1,8 @@
 #include "sim/fixture.hpp"
 
 #include <fstream>
-#include <sstream>
 
+#include "sim/bounded_file.hpp"
 #include "sim/state_codec.hpp"
 
 namespace orvanta::sim {
@@ -18,12 +18,12 @@ SimState default_state() {
 }
 
 std::variant<SimState, std::string> load_state_file(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return "cannot read the state file " + path;
-  std::ostringstream text;
-  text << in.rdbuf();
+  std::string text;
+  const FileRead read = read_bounded_file(path, text);
+  if (read == FileRead::unreadable) return "cannot read the state file " + path;
+  if (read != FileRead::ok) return "the state file " + path + file_read_reason(read);
   try {
-    SimState state = decode_state(text.str());
+    SimState state = decode_state(text);
     normalize(state);
     return state;
   } catch (const json::decode_exception& e) {

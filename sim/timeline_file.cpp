@@ -1,10 +1,9 @@
 #include "sim/timeline_file.hpp"
 
-#include <fstream>
 #include <optional>
-#include <sstream>
 
 #include "json/json.hpp"
+#include "sim/bounded_file.hpp"
 
 namespace orvanta::sim {
 
@@ -158,11 +157,11 @@ TimelineParse parse_timeline(std::string_view text, std::string_view id) {
 }
 
 TimelineParse read_timeline_file(const std::string& path, std::string_view id) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return "Can't read the timeline file " + path;
-  std::ostringstream text;
-  text << in.rdbuf();
-  return parse_timeline(text.str(), id);
+  std::string text;
+  const FileRead read = read_bounded_file(path, text);
+  if (read == FileRead::unreadable) return "Can't read the timeline file " + path;
+  if (read != FileRead::ok) return "The timeline file " + path + file_read_reason(read);
+  return parse_timeline(text, id);
 }
 
 }  // namespace orvanta::sim

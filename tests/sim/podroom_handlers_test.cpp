@@ -119,6 +119,8 @@ TEST_F(PodroomHandlers, TimelineSetReplacesGetShowsAndDeleteClears) {
   EXPECT_EQ(refusal(call<m::PodTimelineSet>({"shednotes2", dir.string() + "/missing.json", {}}),
                     DesktopApiError::bad_request),
             "Can't read the timeline file " + dir.string() + "/missing.json");
+  EXPECT_EQ(refusal(call<m::PodTimelineSet>({"shednotes2", "/dev/zero", {}}), DesktopApiError::bad_request),
+            "The timeline file /dev/zero is not a regular file");
   EXPECT_EQ(call<m::PodTimelineGet>({"shednotes2", {}}).result.items.size(), 2U);
 
   auto deleted = call<m::PodTimelineDelete>({"shednotes2", {}});

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <map>
 
+#include "sim/bounded_file.hpp"
 #include "sim/catalogue.hpp"
 #include "sim/state_codec.hpp"
 #include "tests/sim/handler_fixture.hpp"
@@ -79,6 +80,12 @@ TEST(StateFile, RefusalsNameTheFileAndTheByte) {
             "the state file " + path + " is not valid: Missing required field(s) at byte 35");
   std::remove(path.c_str());
   EXPECT_EQ(std::get<std::string>(load_state_file(path)), "cannot read the state file " + path);
+  // Only a regular file, and not a huge one: /dev/zero would never end.
+  EXPECT_EQ(std::get<std::string>(load_state_file("/dev/zero")), "the state file /dev/zero is not a regular file");
+  const std::string huge = temp_path("huge.json");
+  std::filesystem::resize_file((std::ofstream(huge), huge), file_size_limit + 1);
+  EXPECT_EQ(std::get<std::string>(load_state_file(huge)), "the state file " + huge + " is larger than 16 MiB");
+  std::remove(huge.c_str());
 }
 
 TEST(StateFile, LoadingMarksTheActiveDeviceFromItsId) {

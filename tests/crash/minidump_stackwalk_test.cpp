@@ -122,7 +122,24 @@ struct Case {
 
 class Stackwalk : public ::testing::TestWithParam<Case> {};
 
+// The reader's view of a crash is checked on the program as shipped. Built
+// with AddressSanitizer, the helper's frames and stacks are the sanitizer
+// runtime's to arrange, and the reader's top frames no longer name the
+// crashing function, so these cases run in the plain build only.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kSanitized = true;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr bool kSanitized = true;
+#else
+constexpr bool kSanitized = false;
+#endif
+#else
+constexpr bool kSanitized = false;
+#endif
+
 TEST_P(Stackwalk, NamesTheCrashTheThreadAndTheFunctionWithItsLine) {
+  if (kSanitized) GTEST_SKIP() << "a sanitizer build arranges the crash's frames itself";
   if (access((kTools + "/minidump_stackwalk").c_str(), X_OK) != 0 ||
       access((kTools + "/dump_syms").c_str(), X_OK) != 0) {
     GTEST_SKIP() << "Breakpad's minidump tools are not in " << kTools

@@ -212,57 +212,66 @@ def soak(build, runs, seed):
     s = Soak(build)
     outcomes = collections.Counter()
     slowest = []
-    failed = 0
     method_cache = {}
-    for i in range(runs):
-        words, stdin = draw(rng)
-        flags, kind = faults(rng, ["METHOD"])
-        if kind == "hang":
-            # Only `folder list` has a bound on its answer; other requests
-            # wait as long as the desktop client takes.
-            words, stdin = ["folder", "list"] + words[len(words) - 2:] * (words[-1] == "json"), None
-        key = " ".join(w for w in words if w not in ("--format", "json"))
-        if key not in method_cache:
-            method_cache[key] = s.methods_of(key.split())
-        methods, json_capable = method_cache[key]
-        if kind == "hang":
-            methods = [m for m in methods if "folder" in m] or methods
-        elif rng.random() < 0.9:
-            methods = [m for m in methods if m != "authorize_connection"] or methods
-        flags = [f.replace("METHOD", rng.choice(methods)) for f in flags]
-        use_fds = i % 10 == 0  # strace on a tenth of the runs: it is slow
-        if use_fds and key not in s.fd_peak:
-            sim = s.start_sim([])
-            try:
-                s.fd_peak[key] = s.run_cli(words, "clean", stdin and stdin.encode(), True)[4]
-            finally:
-                s.stop_sim(sim)
-        tag = "%d-%d" % (seed, i)
-        sim = None if kind == "no-listener" else s.start_sim(flags)
-        try:
-            result = s.run_cli(words, tag, stdin and stdin.encode(), use_fds)
-        except subprocess.TimeoutExpired:
-            result = (-999, "", "", 30.0, 0)
-        finally:
-            s.stop_sim(sim)
-        problems = check(result, words, kind, flags, use_fds, s.fd_peak.get(key), json_capable)
-        left = s.leftovers(tag)
-        if left:
-            problems.append("left behind: " + ", ".join(left))
-        outcomes[outcome(result[0], result[2])] += 1
-        slowest = sorted(slowest + [(result[3], " ".join(words), kind)], reverse=True)[:5]
-        if problems:
-            failed += 1
-            print("run %d: orvanta_cli %s [%s %s]: %s" % (i, " ".join(words), kind, " ".join(flags),
-                                                       "; ".join(problems)), flush=True)
+    done = 0
+    try:
+        for i in range(runs):
+            run_one(s, rng, seed, i, method_cache, outcomes, slowest)
+            done += 1
+    except KeyboardInterrupt:
+        print("interrupted after %d runs" % done)
+    failed = outcomes.pop("failed", 0)
     print("outcomes:")
     for name, count in outcomes.most_common():
         print("  %6d  %s" % (count, name))
     print("slowest:")
     for took, words, kind in slowest:
         print("  %5.2f s  %s  [%s]" % (took, words, kind))
-    print("%d passed, %d failed" % (runs - failed, failed))
+    print("%d passed, %d failed" % (done - failed, failed))
     return failed == 0
+
+
+def run_one(s, rng, seed, i, method_cache, outcomes, slowest):
+    words, stdin = draw(rng)
+    flags, kind = faults(rng, ["METHOD"])
+    if kind == "hang":
+        # Only `folder list` has a bound on its answer; other requests
+        # wait as long as the desktop client takes.
+        words, stdin = ["folder", "list"] + words[len(words) - 2:] * (words[-1] == "json"), None
+    key = " ".join(w for w in words if w not in ("--format", "json"))
+    if key not in method_cache:
+        method_cache[key] = s.methods_of(key.split())
+    methods, json_capable = method_cache[key]
+    if kind == "hang":
+        methods = [m for m in methods if "folder" in m] or methods
+    elif rng.random() < 0.9:
+        methods = [m for m in methods if m != "authorize_connection"] or methods
+    flags = [f.replace("METHOD", rng.choice(methods)) for f in flags]
+    use_fds = i % 10 == 0  # strace on a tenth of the runs: it is slow
+    if use_fds and key not in s.fd_peak:
+        sim = s.start_sim([])
+        try:
+            s.fd_peak[key] = s.run_cli(words, "clean", stdin and stdin.encode(), True)[4]
+        finally:
+            s.stop_sim(sim)
+    tag = "%d-%d" % (seed, i)
+    sim = None if kind == "no-listener" else s.start_sim(flags)
+    try:
+        result = s.run_cli(words, tag, stdin and stdin.encode(), use_fds)
+    except subprocess.TimeoutExpired:
+        result = (-999, "", "", 30.0, 0)
+    finally:
+        s.stop_sim(sim)
+    problems = check(result, words, kind, flags, use_fds, s.fd_peak.get(key), json_capable)
+    left = s.leftovers(tag)
+    if left:
+        problems.append("left behind: " + ", ".join(left))
+    outcomes[outcome(result[0], result[2])] += 1
+    slowest[:] = sorted(slowest + [(result[3], " ".join(words), kind)], reverse=True)[:5]
+    if problems:
+        outcomes["failed"] += 1
+        print("run %d: orvanta_cli %s [%s %s]: %s" % (i, " ".join(words), kind, " ".join(flags),
+                                                   "; ".join(problems)), flush=True)
 
 
 def concurrent(build, seconds, workers=8):

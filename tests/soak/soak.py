@@ -214,6 +214,10 @@ def soak(build, runs, seed):
     slowest = []
     method_cache = {}
     done = 0
+    # A soak started in the background ignores SIGINT; SIGTERM also ends it
+    # with its table.
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
+    signal.signal(signal.SIGINT, signal.default_int_handler)
     try:
         for i in range(runs):
             run_one(s, rng, seed, i, method_cache, outcomes, slowest)

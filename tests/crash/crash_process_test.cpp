@@ -8,12 +8,14 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <set>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <thread>
 
 namespace orvanta::crash::test {
 namespace {
@@ -122,13 +124,25 @@ TEST(HandlerLifetime, HoldsNoneOfTheProgramsDescriptors) {
   auto facts = helper.read_facts();
   ASSERT_EQ(facts.count("timeout"), 0u) << "someone else still holds the helper's stdout";
   pid_t handler = std::stoi(facts["handler"]);
+  // A descriptor the handler's start-up opens for a moment (the sanitizer
+  // runtimes read /proc while it starts) is not one it holds: look again
+  // until the set settles.
   std::map<int, std::string> fds;
   std::string fd_dir = "/proc/" + std::to_string(handler) + "/fd";
-  for (const auto& entry : std::filesystem::directory_iterator(fd_dir)) {
-    fds[std::stoi(entry.path().filename().string())] =
-        std::filesystem::read_symlink(entry.path()).string();
+  std::string listing;
+  for (int look = 0; look < 100; ++look) {
+    fds.clear();
+    listing.clear();
+    std::error_code ignored;
+    for (const auto& entry : std::filesystem::directory_iterator(fd_dir)) {
+      auto target = std::filesystem::read_symlink(entry.path(), ignored).string();
+      fds[std::stoi(entry.path().filename().string())] = target;
+      listing += entry.path().filename().string() + " -> " + target + "\n";
+    }
+    if (fds.size() == 4u) break;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }
-  ASSERT_EQ(fds.size(), 4u);
+  ASSERT_EQ(fds.size(), 4u) << listing;
   EXPECT_EQ(fds[0], "/dev/null");
   EXPECT_EQ(fds[1], "/dev/null");
   EXPECT_EQ(fds[2], "/dev/null");

@@ -7,12 +7,17 @@
  * the client uses (none beyond the defaults). scripts/bench runs it beside
  * orvanta_cli as the floor of start-up.
  *
- *   startup_floor [--no-pause]
+ * With --contains N it then asks `library_contains` for N tracks, one
+ * request at a time, as `library batch` does for a manifest of N such ops:
+ * the loopback floor of batch throughput.
+ *
+ *   startup_floor [--no-pause] [--contains N]
  */
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <stdint.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
 #include <sys/random.h>
 #include <sys/socket.h>
@@ -110,7 +115,18 @@ static int call(int fd, const char* method, const char* params, char* reply, siz
 }
 
 int main(int argc, char** argv) {
-  int pause = !(argc > 1 && strcmp(argv[1], "--no-pause") == 0);
+  int pause = 1;
+  long contains = 0;
+  for (int i = 1; i < argc; ++i) {
+    if (strcmp(argv[i], "--no-pause") == 0) {
+      pause = 0;
+    } else if (strcmp(argv[i], "--contains") == 0 && i + 1 < argc) {
+      contains = strtol(argv[++i], NULL, 10);
+    } else {
+      fputs("usage: startup_floor [--no-pause] [--contains N]\n", stderr);
+      return 2;
+    }
+  }
   int fd = connect_first_port();
   if (fd < 0) {
     fputs("Failed to connect to Orvanta desktop client\n", stderr);
@@ -136,6 +152,12 @@ int main(int argc, char** argv) {
     if (read_frame(fd, reply, sizeof reply) != 0) return 1;
   } while (strstr(reply, "\"method\":\"login_state_subscription\"") == NULL);
   int logged_in = strstr(reply, "\"logged_in\":true") != NULL;
+  for (long i = 0; i < contains; ++i) {
+    char params[96];
+    snprintf(params, sizeof params, "{\"uris\":[\"orvanta:track:%022ld\"]}", i);
+    if (call(fd, "library_contains", params, reply, sizeof reply) != 0) return 1;
+    printf("{\"op\":\"library_contains\",\"ok\":true}\n");
+  }
   close(fd);
   printf("Orvanta desktop client is running\nLogged in: %s\n", logged_in ? "Yes" : "No");
   return 0;

@@ -3,6 +3,7 @@
 
 usage: bench_process.py startup BUILD_DIR RUNS [EARLIER_CLI]
        bench_process.py crash_start BUILD_DIR RUNS
+       bench_process.py batch BUILD_DIR RUNS [OPS]
 
 startup      `orvanta_cli status` against the simulator beside the start-up
              floor (bench/startup_floor: the same frames from a small C
@@ -16,6 +17,10 @@ startup      `orvanta_cli status` against the simulator beside the start-up
              EARLIER_CLI, another build of orvanta_cli (with its
              crashpad_handler beside it), joins the alternation as a before
              figure.
+batch        `orvanta_cli library batch` with a manifest of OPS (10 000)
+             library_contains ops beside `startup_floor --contains OPS`, the
+             same requests from the C floor, alternating: operations per
+             second of each beyond the 100 ms pause, and their ratio.
 crash_start  what starting the crash handler adds: `orvanta_cli --help` with
              a writable data directory (a handler starts) and an unwritable
              one (none starts), alternating.
@@ -358,13 +363,48 @@ def crash_start(build, runs):
     print(f"{'paired median':<16}{paired:>8.3f}")
 
 
+def batch(build, runs, ops):
+    cli = os.path.join(build, "orvanta_cli")
+    floor = os.path.join(build, "bench", "startup_floor")
+    sim = start_simulator(build)
+    try:
+        with tempfile.TemporaryDirectory(prefix="orvanta-batch-bench-") as directory:
+            manifest = os.path.join(directory, "manifest.json")
+            with open(manifest, "w") as f:
+                entries = ",".join('{"op":"library_contains","uris":["orvanta:track:%022d"]}' % i
+                                   for i in range(ops))
+                f.write('{"ops":[' + entries + ']}')
+            programs = [("orvanta_cli library batch", [cli, "library", "batch", "--from-file", manifest]),
+                        ("startup_floor --contains", [floor, "--contains", str(ops)])]
+            results = {label: Measured() for label, _ in programs}
+            for label, argv in programs:
+                run_measured(argv)
+            for _ in range(runs):
+                for label, argv in programs:
+                    run_measured(argv, None, results[label])
+    finally:
+        sim.send_signal(signal.SIGTERM)
+        sim.wait()
+    print(f"library batch: {ops} library_contains ops, {runs} alternating runs; median (interquartile spread)")
+    rates = {}
+    for label, _ in programs:
+        r = results[label]
+        rates[label] = ops / ((median(r.wall_ms) - PAUSE_MS) / 1000.0)
+        print(f"{label:<28}{median(r.wall_ms):>9.1f} ms ({spread(r.wall_ms):>2.0f}%){rates[label]:>10.0f} ops/s"
+              f"{median(r.cpu_ms):>9.1f} ms CPU")
+    r = rates["orvanta_cli library batch"] / rates["startup_floor --contains"]
+    print(f"batch / loopback floor: {r:.2f}x {'ok' if r >= 0.95 else 'MISS'} (goal >= 0.95x)")
+
+
 def main():
-    if len(sys.argv) < 4 or sys.argv[1] not in ("startup", "crash_start") or \
-            len(sys.argv) > (5 if sys.argv[1] == "startup" else 4):
+    if len(sys.argv) < 4 or sys.argv[1] not in ("startup", "crash_start", "batch") or \
+            len(sys.argv) > (4 if sys.argv[1] == "crash_start" else 5):
         sys.exit(__doc__)
     mode, build, runs = sys.argv[1], sys.argv[2], int(sys.argv[3])
     if mode == "startup":
         startup(build, runs, sys.argv[4] if len(sys.argv) == 5 else None)
+    elif mode == "batch":
+        batch(build, runs, int(sys.argv[4]) if len(sys.argv) == 5 else 10000)
     else:
         crash_start(build, runs)
 

@@ -108,39 +108,38 @@ def free_port():
 
 
 def start_mpd(directory):
-    """A private mpd with an empty library on a free port; None (and a note)
-    when mpd or mpc is not installed."""
+    """A private mpd with an empty library on a free port, in the foreground
+    so that it is ours to stop; (None, None, None) and a note when mpd or mpc
+    is not installed."""
     mpd, mpc = shutil.which("mpd"), shutil.which("mpc")
     if not mpd or not mpc:
         print("mpc/mpd not installed (apt-get install mpd mpc): the mpc row is skipped")
-        return None, None
+        return None, None, None
     port = free_port()
     music = os.path.join(directory, "music")
     os.makedirs(music)
     config = os.path.join(directory, "mpd.conf")
     with open(config, "w") as f:
         f.write(f'music_directory "{music}"\nplaylist_directory "{directory}"\n'
-                f'db_file "{directory}/db"\nstate_file "{directory}/state"\npid_file "{directory}/pid"\n'
+                f'db_file "{directory}/db"\nstate_file "{directory}/state"\n'
                 f'bind_to_address "127.0.0.1"\nport "{port}"\n'
                 'audio_output {\n type "null"\n name "null"\n}\n')
-    subprocess.run([mpd, config], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
+    daemon = subprocess.Popen([mpd, "--no-daemon", config], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     env = dict(os.environ, MPD_HOST="127.0.0.1", MPD_PORT=str(port))
     deadline = time.monotonic() + 10
     while subprocess.call([mpc, "status"], env=env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) != 0:
-        if time.monotonic() > deadline:
+        if daemon.poll() is not None or time.monotonic() > deadline:
             print("mpd did not start: the mpc row is skipped")
-            return None, None
+            stop_mpd(daemon)
+            return None, None, None
         time.sleep(0.05)
-    return [mpc, "status"], env
+    return [mpc, "status"], env, daemon
 
 
-def stop_mpd(directory):
-    pid_file = os.path.join(directory, "pid")
-    try:
-        with open(pid_file) as f:
-            os.kill(int(f.read().strip()), signal.SIGTERM)
-    except (OSError, ValueError):
-        pass
+def stop_mpd(daemon):
+    if daemon is not None and daemon.poll() is None:
+        daemon.terminate()
+        daemon.wait()
 
 
 def stripped_size_mb(program):
@@ -264,8 +263,9 @@ def startup(build, runs, earlier=None):
     floor = os.path.join(build, "bench", "startup_floor")
     sim = start_simulator(build)
     mpd_dir = tempfile.mkdtemp(prefix="orvanta-bench-mpd-")
+    daemon = None
     try:
-        mpc_argv, mpc_env = start_mpd(mpd_dir)
+        mpc_argv, mpc_env, daemon = start_mpd(mpd_dir)
         programs = [("orvanta_cli status", [cli, "status"], None),
                     ("startup_floor", [floor], None)]
         if mpc_argv:
@@ -327,7 +327,8 @@ def startup(build, runs, earlier=None):
         perf_stat([cli, "status"], 20, "orvanta_cli status")
         perf_stat([floor], 20, "startup_floor")
     finally:
-        stop_mpd(mpd_dir)
+        stop_mpd(daemon)
+        shutil.rmtree(mpd_dir, ignore_errors=True)
         sim.send_signal(signal.SIGTERM)
         sim.wait()
 

@@ -228,8 +228,8 @@ def strace_steps(argv, runs):
         print(f"{name:<22}{median(per_step[name]):>8.3f}{median(calls[name]):>10.0f}")
     print(f"{'total':<22}{median(per_step['total']):>8.3f}")
     if first_byte:
-        print(f"exec to first byte sent: {median(first_byte):.3f} ms; last byte received to exit, "
-              f"less the pause: {median(after_last_byte):.3f} ms")
+        print(f"exec to first byte sent: {median(first_byte):.3f} ms; last byte received (or the pause's end) to exit:"
+              f" {median(after_last_byte):.3f} ms")
 
 
 def perf_stat(argv, runs, label):

@@ -122,6 +122,7 @@ struct Sim::State {
   sim::Server server;
   std::thread thread;
   std::optional<std::chrono::milliseconds> wait_limit;
+  std::optional<std::chrono::milliseconds> pause_length = std::chrono::milliseconds(1);
 };
 
 Sim::Sim(std::vector<std::string> flags) : state_(std::make_unique<State>(flags)) { current_sim = this; }
@@ -151,6 +152,8 @@ std::vector<std::string> Sim::methods() const {
 
 void Sim::shorten_waits(std::chrono::milliseconds limit) { state_->wait_limit = limit; }
 std::optional<std::chrono::milliseconds> Sim::wait_limit() const { return state_->wait_limit; }
+void Sim::set_pauses(std::optional<std::chrono::milliseconds> length) { state_->pause_length = length; }
+std::optional<std::chrono::milliseconds> Sim::pause_length() const { return state_->pause_length; }
 
 ProcessResult run_command(const std::vector<std::string>& args, const std::string& input) {
   std::vector<std::string> words{"orvanta_cli"};
@@ -166,6 +169,7 @@ ProcessResult run_command(const std::vector<std::string>& args, const std::strin
   settings.ports = {sim.port()};
   cli::CommandRunner::Timing timing;
   timing.wait_limit = sim.wait_limit();
+  timing.pause_length = sim.pause_length();
 
   File in;
   File out;

@@ -35,6 +35,7 @@ TEST(PlaybackCommands, SendTheValuesAsConverted) {
   // Out of 32 bits, the position is whatever the C conversion makes of it.
   run_command({"seek", "4294967297"});
   run_command({"speed", "1.005"});
+  run_command({"speed", "0.29"});  // 28.999... hundredths, rounded
   run_command({"volume", "0.5"});
   std::vector<std::string> requests = sim.requests();
   std::vector<std::string> own;
@@ -45,6 +46,7 @@ TEST(PlaybackCommands, SendTheValuesAsConverted) {
                      R"({"method":"playback_seek","params":{"position_ms":90000,"is_relative":true}})",
                      R"({"method":"playback_seek","params":{"position_ms":1,"is_relative":false}})",
                      R"({"method":"playback_speed","params":{"playback_speed":100}})",
+                     R"({"method":"playback_speed","params":{"playback_speed":29}})",
                      R"({"method":"playback_volume","params":{"volume_percentage":0.5}})",
                  }));
 }

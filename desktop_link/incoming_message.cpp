@@ -10,8 +10,11 @@ namespace orvanta::link {
 Result<ClassifiedMessage> classify_message(const char* text, std::size_t length) {
   const auto bad_message = std::make_error_code(std::errc::bad_message);
   if (length == 0) return bad_message;
+  // Built once: every frame from the desktop client goes through it, and
+  // decoding only reads it.
+  static const auto codec = messages::incoming_message_codec();
   messages::IncomingMessage incoming;
-  if (!json::try_decode(messages::incoming_message_codec(), text, length, incoming)) return bad_message;
+  if (!json::try_decode(codec, text, length, incoming)) return bad_message;
 
   if (incoming.method) {
     return ClassifiedMessage{NotificationMessage{"2.0", std::move(*incoming.method), std::move(incoming.params)}};

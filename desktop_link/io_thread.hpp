@@ -83,20 +83,6 @@ asio::awaitable<Outcome<T>> settle(asio::awaitable<T> operation) {
   co_return outcome;
 }
 
-// A local peer answers most requests within tens of microseconds, and a
-// thread put to sleep on the future may take as long again to be woken, so
-// the caller watches the future for a short while before it blocks. The
-// bound keeps a slow operation from costing more than a moment of CPU.
-inline constexpr auto spin_before_blocking = std::chrono::microseconds(100);
-
-template <class T>
-void spin_until_ready(const std::future<T>& done) {
-  const auto until = std::chrono::steady_clock::now() + spin_before_blocking;
-  while (done.wait_for(std::chrono::seconds(0)) != std::future_status::ready &&
-         std::chrono::steady_clock::now() < until) {
-  }
-}
-
 // Spawns `operation` on `context`; its future holds the outcome. The
 // completion is bound to our own context: a bare use_future would deliver it
 // through asio's system executor, which starts a thread pool of its own for
@@ -124,8 +110,9 @@ T take(std::future<Outcome<T>>& done) {
 // called on the thread that runs `context`.
 template <class T>
 T run_and_wait(asio::io_context& context, asio::awaitable<T> operation) {
+  // The caller sleeps on the future: watching it instead would save the
+  // wake-up but burn a core for every slow answer.
   std::future<detail::Outcome<T>> done = detail::spawn_settled(context, std::move(operation));
-  detail::spin_until_ready(done);
   return detail::take(done);
 }
 

@@ -35,48 +35,80 @@ bool all_digits(const char* text) {
   ::_exit(127);
 }
 
-}  // namespace
+// Reads at most `size` bytes of /proc/<pid>/<file> into `buffer`; the byte
+// count, or 0 when the process went away meanwhile.
+std::size_t read_proc_file(int proc_fd, const char* pid, const char* file, char* buffer, std::size_t size) {
+  char path[NAME_MAX + 16];
+  std::snprintf(path, sizeof path, "%s/%s", pid, file);
+  int fd = ::openat(proc_fd, path, O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return 0;
+  ssize_t got = ::read(fd, buffer, size);
+  ::close(fd);
+  return got > 0 ? static_cast<std::size_t>(got) : 0;
+}
 
-std::optional<RunningProcess> find_process(const std::function<bool(const RunningProcess&)>& wanted) {
+// The short name, from the small comm file: the kernel writes it without
+// gathering the dozens of counters of the stat line.
+std::optional<std::string> process_name(int proc_fd, const char* pid) {
+  char name[64];
+  std::size_t size = read_proc_file(proc_fd, pid, "comm", name, sizeof name);
+  if (size == 0) return std::nullopt;
+  if (name[size - 1] == '\n') --size;
+  return std::string(name, size);
+}
+
+// A process that has ended but not been waited for (a zombie, which an init
+// that never reaps keeps forever) is not live. The stat line is
+// "pid (name) state ...", and the name (at most 15 bytes) may itself hold
+// blanks and brackets, so the state follows the last ')'.
+bool is_live(int proc_fd, const char* pid) {
+  char line[256];
+  std::size_t size = read_proc_file(proc_fd, pid, "stat", line, sizeof line);
+  std::string_view text(line, size);
+  auto close = text.rfind(')');
+  if (close == text.npos || close + 2 >= text.size()) return false;
+  char state = text[close + 2];
+  return state != 'Z' && state != 'X' && state != 'x';
+}
+
+// Calls `visit` with each process of /proc, in directory order, until it
+// returns true; the liveness check is left to `visit`, since it costs a
+// second file per process.
+template <typename Visit>
+void for_each_process(Visit visit) {
   DIR* proc = ::opendir("/proc");
-  if (proc == nullptr) return std::nullopt;
-  std::optional<RunningProcess> found;
+  if (proc == nullptr) return;
+  int proc_fd = ::dirfd(proc);
   while (const dirent* entry = ::readdir(proc)) {
     if (!all_digits(entry->d_name)) continue;
-    // "pid (name) state ...": the name (at most 15 bytes) may itself hold
-    // blanks and brackets, so it runs to the last ')'.
-    char path[NAME_MAX + 8];
-    std::snprintf(path, sizeof path, "%s/stat", entry->d_name);
-    int fd = ::openat(::dirfd(proc), path, O_RDONLY | O_CLOEXEC);
-    if (fd < 0) continue;
-    char line[256];
-    ssize_t size = ::read(fd, line, sizeof line);
-    ::close(fd);
-    if (size <= 0) continue;
-    std::string_view text(line, static_cast<std::size_t>(size));
-    auto open = text.find('(');
-    auto close = text.rfind(')');
-    if (open == text.npos || close == text.npos || close < open || close + 2 >= text.size()) continue;
-    // A process that has ended but not been waited for (a zombie, which an
-    // init that never reaps keeps forever) is not running.
-    char state = text[close + 2];
-    if (state == 'Z' || state == 'X' || state == 'x') continue;
+    auto name = process_name(proc_fd, entry->d_name);
+    if (!name) continue;
     RunningProcess process;
-    process.name = text.substr(open + 1, close - open - 1);
+    process.name = std::move(*name);
     process.pid = static_cast<pid_t>(std::strtol(entry->d_name, nullptr, 10));
-    if (wanted(process)) {
-      found = std::move(process);
-      break;
-    }
+    if (visit(proc_fd, entry->d_name, process)) break;
   }
   ::closedir(proc);
+}
+
+}  // namespace
+
+// Only the processes whose name is wanted have their state read: the check
+// that the desktop client runs reads one small file per process.
+std::optional<RunningProcess> find_process(const std::function<bool(const RunningProcess&)>& wanted) {
+  std::optional<RunningProcess> found;
+  for_each_process([&](int proc_fd, const char* pid, RunningProcess& process) {
+    if (!wanted(process) || !is_live(proc_fd, pid)) return false;
+    found = std::move(process);
+    return true;
+  });
   return found;
 }
 
 std::vector<RunningProcess> running_processes() {
   std::vector<RunningProcess> processes;
-  find_process([&](const RunningProcess& process) {
-    processes.push_back(process);
+  for_each_process([&](int proc_fd, const char* pid, RunningProcess& process) {
+    if (is_live(proc_fd, pid)) processes.push_back(std::move(process));
     return false;
   });
   return processes;

@@ -31,6 +31,7 @@ class CommandRunner::RunContext final : public commands::Context {
   link::PartnerApi& api() override { return *runner_.client_; }
   link::DesktopAppLauncher& launcher() override { return *runner_.launcher_; }
   bool connect() override { return runner_.connect(); }
+  void pause(std::chrono::milliseconds length) override { runner_.pause(length); }
 
  protected:
   void run(asio::awaitable<void> operation) override { link::run_and_wait(runner_.context_, std::move(operation)); }
@@ -108,8 +109,12 @@ bool CommandRunner::connect() {
     return false;
   }
   // Lets the first login notification arrive before any handler asks.
-  std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  pause(std::chrono::milliseconds(100));
   return true;
+}
+
+void CommandRunner::pause(std::chrono::milliseconds length) const {
+  std::this_thread::sleep_for(timing_.pause_length.value_or(length));
 }
 
 }  // namespace orvanta::cli

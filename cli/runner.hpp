@@ -20,6 +20,9 @@ namespace orvanta::cli {
 struct RunTiming {
   // When set, replaces the limit of every bounded wait (folder list's 8 s).
   std::optional<std::chrono::milliseconds> wait_limit;
+  // When set, replaces the length of every fixed pause (the moment given to
+  // the login notification, a transfer's pauses between looks).
+  std::optional<std::chrono::milliseconds> pause_length;
 };
 
 // Owns what one command needs at run time (the IO context and its thread,
@@ -58,6 +61,7 @@ class CommandRunner {
  private:
   class RunContext;
   int run_command(const CommandLine& line, commands::Context& context);
+  void pause(std::chrono::milliseconds length) const;
 
   asio::io_context context_;
   link::IoThread io_thread_;

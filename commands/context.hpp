@@ -50,6 +50,10 @@ class Context {
     return std::move(*slot);
   }
 
+  // Waits `length` on the calling thread: the fixed pauses of the commands
+  // (between the looks at a transfer, after a launch).
+  virtual void pause(std::chrono::milliseconds length) = 0;
+
   // Prints a failure line on stderr and returns the status 1:
   //   if (!added) return context.fail("playlist add failed: %s\n", message);
   __attribute__((format(printf, 2, 3))) int fail(const char* format, ...);

@@ -3,7 +3,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <string>
-#include <thread>
 
 #include "messages/record_codecs.hpp"
 
@@ -28,7 +27,7 @@ bool shows_active(const ConnectClusterResponse& cluster, std::string_view device
 // as "not yet".
 bool wait_until_active(std::string_view device, Context& context) {
   for (int check = 0; check < kActivationChecks; ++check) {
-    std::this_thread::sleep_for(kActivationPause);
+    context.pause(kActivationPause);
     link::Result<ConnectClusterResponse> cluster = context.run_and_wait(context.api().connect_cluster());
     if (cluster && shows_active(*cluster, device)) return true;
   }

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "commands/playback.hpp"
@@ -13,7 +12,7 @@ namespace orvanta::commands {
 namespace {
 
 // Gives the application a moment to take the URI before we exit.
-void pause_for_launch() { std::this_thread::sleep_for(std::chrono::milliseconds(100)); }
+void pause_for_launch(Context& context) { context.pause(std::chrono::milliseconds(100)); }
 
 }  // namespace
 
@@ -33,14 +32,14 @@ int version(const cli::CommandLine& line, Context& context) {
 int open(const cli::CommandLine& line, Context& context) {
   std::vector<std::string> args(line.arguments().begin(), line.arguments().end());
   context.launcher().launch(std::move(args));
-  pause_for_launch();
+  pause_for_launch(context);
   return 0;
 }
 
 int navigate(const cli::CommandLine& line, Context& context) {
   context.launcher().launch({"--uri=" + std::string(line.argument())});
   if (!line.play_after()) {
-    pause_for_launch();
+    pause_for_launch(context);
     return 0;
   }
   if (!context.connect()) return 1;

@@ -80,6 +80,8 @@ asio::awaitable<void> Server::accept_loop(asio::ip::tcp::acceptor* acceptor) {
     auto [ec, socket] = co_await acceptor->async_accept(asio::experimental::as_tuple(asio::use_awaitable));
     if (!acceptor->is_open()) co_return;
     if (ec) continue;
+    // A reply and the notification behind it go out at once, not 40 ms apart.
+    socket.set_option(asio::ip::tcp::no_delay(true), ec);
     auto session = std::make_shared<Session>(std::move(socket), *this, ++connections_);
     std::erase_if(sessions_, [](const std::weak_ptr<Session>& s) { return s.expired(); });
     sessions_.push_back(session);

@@ -3,7 +3,6 @@
 // compared byte for byte.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -15,7 +14,6 @@ namespace orvanta::testing {
 namespace {
 
 const char* const kNotRunning = "Orvanta desktop client is not running\n";
-const char* const kConnectFailed = "Failed to connect to Orvanta desktop client: client connection failed\n";
 
 // The requests every connection makes before a command's own.
 const std::vector<std::string> kHandshake{"authorize_connection", "login_state_subscription"};
@@ -51,12 +49,6 @@ TEST(SimProcessHarness, DumpsTheStateOnExit) {
   std::filesystem::remove(dump);
 }
 
-TEST(SimProcessHarness, RefusesABadFlagWithoutStarting) {
-  ProcessResult r = run_process(sim_binary(), {"--fail", "playback_plays=8"});
-  EXPECT_EQ(r.status, 2);
-  EXPECT_EQ(r.err.substr(0, 74), "orvanta_desktop_sim: 'playback_plays' is not a method of the Partner API\n\n");
-}
-
 // Without the process name the CLI doesn't see a desktop client, and never
 // connects, although the simulator listens.
 TEST(ConnectPaths, NotRunningWhenNoProcessIsNamedOrvanta) {
@@ -81,61 +73,11 @@ TEST(ConnectPaths, StatusConnectsAndReportsTheLoginState) {
   EXPECT_EQ(requests[1], R"({"method":"login_state_subscription","params":{}})");
 }
 
-TEST(ConnectPaths, StatusInJsonWhileLoggedOut) {
-  SimProcess sim({"--logged-out"});
-  expect_result(run_cli({"status", "--format", "json"}), "{\"running\":true,\"logged_in\":false}\n", "", 0);
-  expect_result(run_cli({"status"}), "Orvanta desktop client is running\nLogged in: No\n", "", 0);
-}
-
-// The handshake may end with a notification; the connection stands only
-// after it.
-TEST(ConnectPaths, HandshakeWithCompletingNotification) {
-  SimProcess sim({"--complete-notification"});
-  expect_result(run_cli({"status"}), "Orvanta desktop client is running\nLogged in: Yes\n", "", 0);
-  EXPECT_EQ(sim.methods(), kHandshake);
-}
-
 // A client on a later port of the schedule is found after the first port's
 // retry window.
 TEST(ConnectPaths, FindsTheDesktopClientOnALaterPort) {
   SimProcess sim({"--port", "7770"});
   expect_result(run_cli({"status"}), "Orvanta desktop client is running\nLogged in: Yes\n", "", 0);
-}
-
-// A refused hello counts as a failed attempt on every port, so the whole
-// schedule runs and ends in the one failure the user sees.
-TEST(ConnectPaths, RejectedHelloEndsInConnectionFailure) {
-  SimProcess sim({"--reject-hello"});
-  expect_result(run_cli({"status"}), "", kConnectFailed, 1);
-  const std::vector<std::string> methods = sim.methods();
-  ASSERT_FALSE(methods.empty());
-  EXPECT_EQ(methods.size(), static_cast<std::size_t>(std::count(methods.begin(), methods.end(), "authorize_connection")));
-}
-
-// A first hello that fails with a code (an error reply, a reply that does
-// not decode, a completion whose params are not an object) leaves its socket
-// open. The retry that follows finds it open and closes it without sending
-// anything; the one after connects afresh. So every connection carries one
-// hello, and the command runs as usual on the second.
-TEST(ConnectPaths, AFirstHelloThatFailsIsRetriedOnANewConnection) {
-  for (const char* spoil : {"reject", "garbled", "bad-completion"}) {
-    SCOPED_TRACE(spoil);
-    SimProcess sim({"--spoil-first-hello", spoil, "--log-connections"});
-    expect_result(run_cli({"status"}), "Orvanta desktop client is running\nLogged in: Yes\n", "", 0);
-    std::vector<std::string> seen;  // "method@connection"
-    for (const std::string& line : sim.requests()) {
-      const std::string method = line.substr(11, line.find('"', 11) - 11);
-      const std::string connection = line.substr(line.rfind(':') + 1);
-      seen.push_back(method + "@" + connection.substr(0, connection.size() - 1));
-    }
-    EXPECT_EQ(seen, (std::vector<std::string>{"authorize_connection@1", "authorize_connection@2",
-                                              "login_state_subscription@2"}));
-  }
-}
-
-TEST(ConnectPaths, FailedLoginSubscriptionFailsTheConnection) {
-  SimProcess sim({"--fail", "login_state_subscription=4"});
-  expect_result(run_cli({"status"}), "", "Failed to connect to Orvanta desktop client: internal server error\n", 1);
 }
 
 }  // namespace

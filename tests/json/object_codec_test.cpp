@@ -240,40 +240,5 @@ TEST(ObjectCodec, NestedFailuresPropagateUnchanged) {
   EXPECT_DECODE_ERROR(item_codec(), R"({"uri":"u","album":{"uri":"a","name":5}})", "Unexpected input", 37u);
 }
 
-TEST(Sketch, FullItemRoundTripsWithExactText) {
-  using namespace sketch;
-  Item item;
-  item.uri = "orvanta:track:1";
-  item.duration_ms = 1234;
-  item.tags = {"a", "b"};
-  item.artists = {{"orvanta:artist:1", "One"}, {"orvanta:artist:2", "Two"}};
-  item.album = Artist{"orvanta:album:1", "Album"};
-  item.added_at = -5;
-  item.contains = {{"z", true}, {"a", false}};
-  item.extra = RawJsonValue(R"({"k":[1,2]})");
-  item.id = "abc";
-  item.source = LoginSource::pull_notification;
-  const std::string text =
-      R"({"uri":"orvanta:track:1","duration_ms":1234,"tags":["a","b"],)"
-      R"("artists":[{"uri":"orvanta:artist:1","name":"One"},{"uri":"orvanta:artist:2","name":"Two"}],)"
-      R"("album":{"uri":"orvanta:album:1","name":"Album"},"added_at":-5,"contains":{"a":false,"z":true},)"
-      R"("extra":{"k":[1,2]},"id":"abc","source":"pull_notification"})";
-  EXPECT_EQ(encode_text(item_codec(), item), text);
-  EXPECT_EQ(decode(item_codec(), text), item);
-}
-
-TEST(Sketch, MinimalItemAndOrNull) {
-  using namespace sketch;
-  const Item item =
-      decode(item_codec(), R"({"uri":"u","tags":[],"artists":[],"contains":{},"id":null,"source":"zeroconf"})");
-  EXPECT_FALSE(item.id.has_value());
-  EXPECT_FALSE(item.album.has_value());
-  EXPECT_EQ(item.extra, "null");
-  EXPECT_EQ(encode_text(item_codec(), item),
-            R"({"uri":"u","duration_ms":0,"tags":[],"artists":[],"contains":{},"extra":null,"source":"zeroconf"})");
-  EXPECT_DECODE_ERROR(item_codec(), R"({"uri":"u","tags":[],"artists":[],"contains":{},"source":"other"})",
-                      "Encountered unknown enumeration value", 64u);
-}
-
 }  // namespace
 }  // namespace orvanta::json

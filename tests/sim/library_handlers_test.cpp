@@ -16,7 +16,6 @@ const std::string evenings = "orvanta:user:mossfern42:folder:evenings";
 
 class LibraryHandlers : public HandlerTest {
  protected:
-  bool saved(const std::string& uri) { return call<m::LibraryContains>({.uris = {uri}}).result.contains.at(uri); }
 
   std::vector<std::string> items_of(const std::string& playlist) {
     std::vector<std::string> uris;
@@ -35,21 +34,6 @@ class LibraryHandlers : public HandlerTest {
     return lines;
   }
 };
-
-TEST_F(LibraryHandlers, AddMakesContainsTrueAndRemoveUndoesIt) {
-  EXPECT_FALSE(saved(slow_snow));
-  auto added = call<m::LibraryAdd>({.uris = {slow_snow, "orvanta:track:nowhere"}});
-  EXPECT_EQ(added.result.count, 1);
-  EXPECT_EQ(added.result.failed, std::vector<std::string>{"orvanta:track:nowhere"});
-  EXPECT_TRUE(saved(slow_snow));
-  // The newest save comes first in the list.
-  EXPECT_EQ(call<m::LibraryList>({}).result.items.front().uri, slow_snow);
-
-  auto removed = call<m::LibraryRemove>({.uris = {slow_snow, slow_snow}});
-  EXPECT_EQ(removed.result.count, 1);
-  EXPECT_EQ(removed.result.failed, std::vector<std::string>{slow_snow});
-  EXPECT_FALSE(saved(slow_snow));
-}
 
 TEST_F(LibraryHandlers, ListFiltersByTypeAndPages) {
   auto tracks = call<m::LibraryList>({.type = "track", .limit = 3, .offset = 1}).result;
@@ -107,23 +91,6 @@ TEST_F(LibraryHandlers, RemoveTracksTakesEachPositionOnce) {
             "Position 2 is outside the playlist, which has 2 item(s)");
 }
 
-TEST_F(LibraryHandlers, CreatedPlaylistIsOwnedListedAndUpdatable) {
-  auto created = call<m::PlaylistCreate>({"Rainy Day", "for the window", {}, true});
-  ASSERT_TRUE(created.ok());
-  EXPECT_EQ(created.result.uri, "orvanta:playlist:sim1");
-  EXPECT_EQ(tree().back(), "1 orvanta:playlist:sim1");
-  auto got = call<m::PlaylistGet>({created.result.uri, false, {}, {}}).result;
-  EXPECT_TRUE(got.is_owned);
-  EXPECT_TRUE(got.is_public);
-  EXPECT_EQ(got.description, "for the window");
-
-  auto updated = call<m::PlaylistUpdate>({created.result.uri, "Rainy Days", {}, {}, false});
-  EXPECT_EQ(updated.result.name, "Rainy Days");
-  EXPECT_FALSE(call<m::PlaylistGet>({created.result.uri, false, {}, {}}).result.is_public);
-  EXPECT_EQ(refusal(call<m::PlaylistCreate>({"x", {}, "/no/such/cover.jpg", false}), DesktopApiError::bad_request),
-            "Cover image not found: /no/such/cover.jpg");
-}
-
 TEST_F(LibraryHandlers, FolderListShowsDepthAndParents) {
   auto listed = call<m::FolderList>({{}, true}).result;
   EXPECT_EQ(listed.root.name, "");
@@ -154,26 +121,6 @@ TEST_F(LibraryHandlers, MoveReparentsAndRefusesCycles) {
   EXPECT_EQ(refusal(call<m::FolderMove>({{deep_focus}, "orvanta:user:mossfern42:folder:gone"}),
                     DesktopApiError::bad_request),
             "No playlist folder orvanta:user:mossfern42:folder:gone");
-}
-
-TEST_F(LibraryHandlers, RemoveKeepsOrDropsTheContents) {
-  auto kept = call<m::FolderRemove>({moods, true});
-  EXPECT_EQ(kept.result.removed, 1);
-  EXPECT_EQ(tree(), (std::vector<std::string>{"1 " + deep_focus, "1 orvanta:playlist:morningferry", "1 " + evenings,
-                                              "2 orvanta:playlist:kitchenjazz", "1 orvanta:playlist:backroads",
-                                              "1 orvanta:playlist:freshfinds"}));
-  auto dropped = call<m::FolderRemove>({evenings, false});
-  EXPECT_EQ(dropped.result.removed, 2);
-  EXPECT_EQ(tree().size(), 4U);
-}
-
-TEST_F(LibraryHandlers, CreatedFolderNestsAndRenames) {
-  auto created = call<m::FolderCreate>({"Late", evenings});
-  ASSERT_TRUE(created.ok());
-  EXPECT_EQ(tree(evenings).back(), "1 " + created.result.uri);
-  EXPECT_EQ(call<m::FolderRename>({created.result.uri, "Later"}).result.name, "Later");
-  EXPECT_EQ(refusal(call<m::FolderCreate>({"x", deep_focus}), DesktopApiError::bad_request),
-            "No playlist folder " + deep_focus);
 }
 
 }  // namespace

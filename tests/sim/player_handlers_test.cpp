@@ -100,33 +100,6 @@ TEST_F(PlayerHandlers, VolumeWithoutADeviceGoesToTheActiveOne) {
   EXPECT_FALSE(call<m::ConnectSetVolume>({.device_id = "", .volume = 101}).ok());
 }
 
-TEST_F(PlayerHandlers, RondoIsCreatedJoinedKickedAndEnded) {
-  EXPECT_FALSE(call<m::RondoStatus>().result.active);
-  auto created = call<m::RondoCreate>({.device_id = {}, .activate = true});
-  ASSERT_TRUE(created.ok());
-  EXPECT_TRUE(created.result.is_session_owner);
-  EXPECT_EQ(created.result.member_count, 3);
-  EXPECT_TRUE(created.result.members[0].is_current_user);
-  EXPECT_EQ(created.result.members[1].username, "juniper.vale");
-  ASSERT_EQ(created.notices.size(), 1U);
-  EXPECT_EQ(created.notices[0].params, R"({"broadcasting":true})");
-  EXPECT_FALSE(call<m::RondoCreate>({.device_id = {}, .activate = true}).ok());
-
-  auto kicked = call<m::RondoKick>({.member_id = "juniper.vale"});
-  EXPECT_EQ(kicked.result.member_count, 2);
-  EXPECT_EQ(refusal(call<m::RondoKick>({.member_id = "juniper.vale"}), DesktopApiError::bad_request),
-            "Nobody called 'juniper.vale' is in the session");
-  auto permissions = call<m::RondoPermissions>({.queue_only_mode = true, .volume_control = {}});
-  EXPECT_TRUE(permissions.result.queue_only_mode);
-  EXPECT_TRUE(permissions.result.volume_control_enabled);
-
-  auto ended = call<m::RondoEnd>();
-  ASSERT_TRUE(ended.ok());
-  EXPECT_EQ(ended.notices[0].params, R"({"broadcasting":false})");
-  EXPECT_FALSE(call<m::RondoStatus>().result.active);
-  EXPECT_EQ(refusal(call<m::RondoLeave>(), DesktopApiError::bad_request), "There is no active Rondo session");
-}
-
 TEST_F(PlayerHandlers, OnlyTheHostEndsAJoinedSession) {
   state.rondo.active = true;
   state.rondo.session_id = "rondo-elsewhere";

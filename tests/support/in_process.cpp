@@ -1,10 +1,7 @@
 #include "tests/support/in_process.hpp"
 
-#include <stdlib.h>
-
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <optional>
 #include <sstream>
 #include <stdexcept>
@@ -31,12 +28,6 @@ namespace {
 
 Sim* current_sim = nullptr;
 
-std::string make_directory() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "orvanta_sim_XXXXXX").string();
-  if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
-  return pattern;
-}
-
 sim::SimOptions options_of(const std::string& directory, const std::vector<std::string>& flags) {
   std::vector<std::string> words{"--port", "0", "--log", directory + "/requests.jsonl"};
   words.insert(words.end(), flags.begin(), flags.end());
@@ -53,13 +44,6 @@ sim::SimState state_of(const sim::SimOptions& options) {
   sim::SimState state = std::get<sim::SimState>(std::move(loaded));
   if (options.logged_out) state.account.logged_in = false;
   return state;
-}
-
-std::vector<std::string> lines_of(const std::string& path) {
-  std::ifstream in(path);
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
 }
 
 std::string contents_of(std::FILE* file) {
@@ -94,7 +78,7 @@ struct File {
 
 struct Sim::State {
   explicit State(const std::vector<std::string>& flags)
-      : directory(make_directory()),
+      : directory(make_temporary_directory()),
         options(options_of(directory, flags)),
         world(state_of(options)),
         dispatcher(world),
@@ -122,6 +106,7 @@ struct Sim::State {
   sim::Server server;
   std::thread thread;
   std::optional<std::chrono::milliseconds> wait_limit;
+  std::optional<std::chrono::milliseconds> pause_length = std::chrono::milliseconds(1);
 };
 
 Sim::Sim(std::vector<std::string> flags) : state_(std::make_unique<State>(flags)) { current_sim = this; }
@@ -137,20 +122,13 @@ Sim& Sim::current() {
 
 std::uint16_t Sim::port() const { return state_->server.ports().front(); }
 const std::string& Sim::directory() const { return state_->directory; }
-std::vector<std::string> Sim::requests() const { return lines_of(state_->options.log_file); }
-
-std::vector<std::string> Sim::methods() const {
-  std::vector<std::string> methods;
-  const std::string key = R"({"method":")";
-  for (const std::string& line : requests()) {
-    if (line.rfind(key, 0) != 0) continue;
-    methods.push_back(line.substr(key.size(), line.find('"', key.size()) - key.size()));
-  }
-  return methods;
-}
+std::vector<std::string> Sim::requests() const { return lines_of_file(state_->options.log_file); }
+std::vector<std::string> Sim::methods() const { return methods_of(requests()); }
 
 void Sim::shorten_waits(std::chrono::milliseconds limit) { state_->wait_limit = limit; }
 std::optional<std::chrono::milliseconds> Sim::wait_limit() const { return state_->wait_limit; }
+void Sim::set_pauses(std::optional<std::chrono::milliseconds> length) { state_->pause_length = length; }
+std::optional<std::chrono::milliseconds> Sim::pause_length() const { return state_->pause_length; }
 
 ProcessResult run_command(const std::vector<std::string>& args, const std::string& input) {
   std::vector<std::string> words{"orvanta_cli"};
@@ -164,8 +142,12 @@ ProcessResult run_command(const std::vector<std::string>& args, const std::strin
   Sim& sim = Sim::current();
   link::ConnectSettings settings;
   settings.ports = {sim.port()};
+  // The link's schedule, shortened: a refused hello fails in 300 ms, not 5 s.
+  settings.retry_window_ms = 300;
+  settings.retry_pause_ms = 20;
   cli::CommandRunner::Timing timing;
   timing.wait_limit = sim.wait_limit();
+  timing.pause_length = sim.pause_length();
 
   File in;
   File out;

@@ -46,6 +46,10 @@ class Sim {
   // list's 8 s); unset, the command's own limit holds.
   void shorten_waits(std::chrono::milliseconds limit);
   std::optional<std::chrono::milliseconds> wait_limit() const;
+  // The length of every fixed pause of the commands; 1 ms unless a test
+  // needs the commands' own (the moment the login notification gets).
+  void set_pauses(std::optional<std::chrono::milliseconds> length);
+  std::optional<std::chrono::milliseconds> pause_length() const;
 
   // The simulator of the test that runs now; run_command talks to it.
   static Sim& current();

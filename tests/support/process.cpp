@@ -8,6 +8,9 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 extern char** environ;
@@ -94,5 +97,28 @@ ProcessResult run_cli(const std::vector<std::string>& args, const ProcessOptions
 
 std::string cli_binary() { return std::string(ORVANTA_BINARY_DIR) + "/orvanta_cli"; }
 std::string sim_binary() { return std::string(ORVANTA_BINARY_DIR) + "/orvanta_desktop_sim"; }
+
+std::string make_temporary_directory() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "orvanta_sim_XXXXXX").string();
+  if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
+  return pattern;
+}
+
+std::vector<std::string> lines_of_file(const std::string& path) {
+  std::ifstream in(path);
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
+std::vector<std::string> methods_of(const std::vector<std::string>& requests) {
+  std::vector<std::string> methods;
+  const std::string key = R"({"method":")";
+  for (const std::string& line : requests) {
+    if (line.rfind(key, 0) != 0) continue;
+    methods.push_back(line.substr(key.size(), line.find('"', key.size()) - key.size()));
+  }
+  return methods;
+}
 
 }  // namespace orvanta::testing

@@ -27,24 +27,11 @@ namespace {
 
 constexpr int ready_bound_ms = 30000;
 
-std::string make_directory() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "orvanta_sim_XXXXXX").string();
-  if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
-  return pattern;
-}
-
 std::string read_file(const std::string& path) {
   std::ifstream in(path);
   std::ostringstream text;
   text << in.rdbuf();
   return text.str();
-}
-
-std::vector<std::string> lines_of(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
 }
 
 // A descriptor that becomes readable when the child exits, or -1 where the
@@ -53,7 +40,7 @@ int open_pidfd(pid_t pid) { return static_cast<int>(::syscall(SYS_pidfd_open, pi
 
 }  // namespace
 
-SimProcess::SimProcess(std::vector<std::string> flags) : directory_(make_directory()) {
+SimProcess::SimProcess(std::vector<std::string> flags) : directory_(make_temporary_directory()) {
   // Watch before the start, so that the rename into place can't be missed.
   const int watch_fd = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
   if (watch_fd < 0 || ::inotify_add_watch(watch_fd, directory_.c_str(), IN_MOVED_TO | IN_CLOSE_WRITE) < 0) {
@@ -104,7 +91,7 @@ void SimProcess::wait_until_ready(int watch_fd) {
     }
   }
   if (exit_fd >= 0) ::close(exit_fd);
-  for (const std::string& line : lines_of(read_file(ready))) {
+  for (const std::string& line : lines_of_file(ready)) {
     ports_.push_back(static_cast<std::uint16_t>(std::stoul(line)));
   }
 }
@@ -126,17 +113,8 @@ int SimProcess::stop() {
   return status_;
 }
 
-std::vector<std::string> SimProcess::requests() const { return lines_of(read_file(directory_ + "/requests.jsonl")); }
-
-std::vector<std::string> SimProcess::methods() const {
-  std::vector<std::string> methods;
-  const std::string key = R"({"method":")";
-  for (const std::string& line : requests()) {
-    if (line.rfind(key, 0) != 0) continue;
-    methods.push_back(line.substr(key.size(), line.find('"', key.size()) - key.size()));
-  }
-  return methods;
-}
+std::vector<std::string> SimProcess::requests() const { return lines_of_file(directory_ + "/requests.jsonl"); }
+std::vector<std::string> SimProcess::methods() const { return methods_of(requests()); }
 
 std::string SimProcess::error_output() const { return read_file(directory_ + "/stderr.txt"); }
 

@@ -9,17 +9,9 @@
 #include <string_view>
 
 #include "commands/batch_manifest.hpp"
+#include "fuzz/fuzz_property.hpp"
 
-namespace {
-
-void check(bool condition, const char* what) {
-  if (!condition) {
-    std::fprintf(stderr, "fuzz property broken: %s\n", what);
-    std::abort();
-  }
-}
-
-}  // namespace
+using orvanta::fuzz::check;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace orvanta;

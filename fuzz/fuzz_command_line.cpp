@@ -14,17 +14,9 @@
 #include <vector>
 
 #include "cli/recognizer.hpp"
+#include "fuzz/fuzz_property.hpp"
 
-namespace {
-
-void check(bool condition, const char* what) {
-  if (!condition) {
-    std::fprintf(stderr, "fuzz property broken: %s\n", what);
-    std::abort();
-  }
-}
-
-}  // namespace
+using orvanta::fuzz::check;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::vector<std::string> words{"orvanta_cli"};

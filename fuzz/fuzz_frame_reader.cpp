@@ -30,8 +30,11 @@
 #include "desktop_link/error_category.hpp"
 #include "desktop_link/frame_codec.hpp"
 #include "desktop_link/incoming_message.hpp"
+#include "fuzz/fuzz_property.hpp"
 
 namespace {
+
+using orvanta::fuzz::check;
 
 using orvanta::link::frame_tag;
 using orvanta::link::FrameReadResult;
@@ -69,12 +72,6 @@ std::vector<std::optional<Expected>> walk(std::string_view bytes, std::size_t ma
   return frames;
 }
 
-void check(bool condition, const char* what) {
-  if (!condition) {
-    std::fprintf(stderr, "fuzz property broken: %s\n", what);
-    std::abort();
-  }
-}
 
 asio::awaitable<void> write_in_pieces(asio::ip::tcp::socket& socket, std::string_view bytes, unsigned seed) {
   std::size_t at = 0;

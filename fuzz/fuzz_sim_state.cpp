@@ -10,17 +10,9 @@
 
 #include "sim/fixture.hpp"
 #include "sim/state_codec.hpp"
+#include "fuzz/fuzz_property.hpp"
 
-namespace {
-
-void check(bool condition, const char* what) {
-  if (!condition) {
-    std::fprintf(stderr, "fuzz property broken: %s\n", what);
-    std::abort();
-  }
-}
-
-}  // namespace
+using orvanta::fuzz::check;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace orvanta;

@@ -31,7 +31,8 @@ BATCH = '{"ops":[{"op":"library_add","uris":["%s"]},{"op":"library_contains","ur
 CODES = list(range(1, 25)) + [-32600]
 ALLOWED_STATUS = {0, 1} | {c & 255 for c in CODES}
 STDERR_LINE = re.compile(r"^(Error: .+|Failed to connect to Orvanta desktop client: .+|"
-                         r"[A-Za-z][\w ,'-]*: .+|folder list timed out after 8s .+)$")
+                         r"[A-Za-z][\w ,'-]*: .+|folder list timed out after 8s .+|"
+                         r"Orvanta desktop client is not running)$")
 BAD_STDERR = re.compile(r"Sanitizer|runtime error|terminate called|Segmentation|core dumped|Assertion")
 
 

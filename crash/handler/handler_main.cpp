@@ -94,7 +94,6 @@ void become_uploader(const HandlerOptions& options) {
   std::string no_rate_limit = "--no-rate-limit";
   if (!options.rate_limit) argv.push_back(no_rate_limit.data());
   argv.push_back(nullptr);
-  prctl(PR_SET_PDEATHSIG, 0);
   execv(uploader.c_str(), argv.data());
 }
 
@@ -107,7 +106,12 @@ void serve(const HandlerOptions& options) {
       return;  // the client has ended
     }
     bool crashed = message.magic == kCrashMessageMagic;
-    if (crashed) write_report(options, message, *dictionary);
+    if (crashed) {
+      write_report(options, message, *dictionary);
+      // The client dies as soon as it hears the report is written; the
+      // handler must outlive it to send the report.
+      prctl(PR_SET_PDEATHSIG, 0);
+    }
     if (!send_byte(options.client_fd, kReportWritten)) return;
     if (crashed) become_uploader(options);
   }

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <limits>
 
+#include "json/json.hpp"
 #include "messages/operations.hpp"
 
 namespace orvanta::sim {
@@ -41,6 +42,11 @@ const Failure* FaultPlan::failure_for(std::string_view method) const {
   return it == fail.end() ? nullptr : &it->second;
 }
 
+const std::string* FaultPlan::answer_for(std::string_view method) const {
+  auto it = answer.find(method);
+  return it == answer.end() ? nullptr : &it->second;
+}
+
 std::optional<std::chrono::milliseconds> FaultPlan::delay_for(std::string_view method) const {
   auto it = delay.find(method);
   if (it == delay.end()) return std::nullopt;
@@ -75,6 +81,19 @@ std::string add_fail(FaultPlan& plan, std::string_view value) {
   if (!parse_int(code_text, code)) return "--fail needs a whole number as CODE, not '" + std::string(code_text) + "'";
   if (code == 0) return "--fail needs a CODE other than 0, which means success";
   plan.fail[std::string(method)] = Failure{code, category, injected_message(code, category)};
+  return {};
+}
+
+std::string add_answer(FaultPlan& plan, std::string_view value) {
+  std::string_view method;
+  std::string_view result;
+  if (!split_pair(value, method, result)) return "--answer takes METHOD=JSON, not '" + std::string(value) + "'";
+  if (!is_method(method)) return unknown_method(method);
+  json::RawJsonValue checked;
+  if (!json::try_decode(json::raw_value_codec(), result, checked)) {
+    return "--answer needs one JSON value after '" + std::string(method) + "=', not '" + std::string(result) + "'";
+  }
+  plan.answer[std::string(method)] = std::string(result);
   return {};
 }
 

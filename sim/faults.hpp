@@ -1,8 +1,9 @@
 #pragma once
 
 // Misbehaviour on request, for tests and for people hardening their scripts.
-// Per method: fail with a code, answer late, never answer, answer with the
-// wrong id, or put garbage on the wire before the answer. Per connection:
+// Per method: fail with a code, answer with a result of one's own, answer
+// late, never answer, answer with the wrong id, or put garbage on the wire
+// before the answer. Per connection:
 // drop it after N requests, refuse the hello, or ignore the hello. Once:
 // spoil the first hello that arrives, in one of the ways a confused desktop
 // client might, and answer every later one well.
@@ -33,6 +34,7 @@ enum class HelloSpoil {
 
 struct FaultPlan {
   std::map<std::string, Failure, std::less<>> fail;
+  std::map<std::string, std::string, std::less<>> answer;  // a result given as it stands; the state is left alone
   std::map<std::string, std::chrono::milliseconds, std::less<>> delay;
   std::set<std::string, std::less<>> hang;
   std::set<std::string, std::less<>> wrong_id;
@@ -43,6 +45,7 @@ struct FaultPlan {
   std::optional<HelloSpoil> spoil_first_hello;
 
   const Failure* failure_for(std::string_view method) const;
+  const std::string* answer_for(std::string_view method) const;
   std::optional<std::chrono::milliseconds> delay_for(std::string_view method) const;
   std::optional<GarbageKind> garbage_for(std::string_view method) const;
   bool hangs(std::string_view method) const { return hang.find(method) != hang.end(); }
@@ -53,6 +56,7 @@ struct FaultPlan {
 // or the reason the value is refused. METHOD must be a wire method of the
 // catalogue (the connection's own two included).
 std::string add_fail(FaultPlan& plan, std::string_view value);     // METHOD=CODE[:CATEGORY]
+std::string add_answer(FaultPlan& plan, std::string_view value);   // METHOD=JSON
 std::string add_delay(FaultPlan& plan, std::string_view value);    // METHOD=MS
 std::string add_hang(FaultPlan& plan, std::string_view value);     // METHOD
 std::string add_wrong_id(FaultPlan& plan, std::string_view value); // METHOD

@@ -28,6 +28,7 @@ constexpr std::string_view usage =
     "\n"
     "Faults:\n"
     "  --fail METHOD=CODE[:CATEGORY]    Answer METHOD with this error (category desktop_api by default)\n"
+    "  --answer METHOD=JSON             Answer METHOD with this result; the state is left alone\n"
     "  --delay METHOD=MS                Answer METHOD after MS milliseconds\n"
     "  --hang METHOD                    Never answer METHOD\n"
     "  --wrong-id METHOD                Answer METHOD with an id that isn't the request's\n"
@@ -82,13 +83,14 @@ struct ValueFlag {
   Apply apply;
 };
 
-constexpr std::array<ValueFlag, 12> value_flags{{
+constexpr std::array<ValueFlag, 13> value_flags{{
     {"--port", add_port},
     {"--ready-file", store<&Options::ready_file>},
     {"--state", store<&Options::state_file>},
     {"--dump-state", store<&Options::dump_state_file>},
     {"--log", store<&Options::log_file>},
     {"--fail", fault<add_fail>},
+    {"--answer", fault<add_answer>},
     {"--delay", fault<add_delay>},
     {"--hang", fault<add_hang>},
     {"--wrong-id", fault<add_wrong_id>},

@@ -149,6 +149,7 @@ Session::Reply Session::reply_to(const messages::RequestMessage& request) {
                                   "Send authorize_connection before " + method)), {}};
   }
   if (const Failure* failure = faults.failure_for(method)) return {encode_error(id, *failure), {}};
+  if (const std::string* result = faults.answer_for(method)) return {encode_result(id, *result), {}};
   Outcome outcome = server_.dispatcher().run(method, request.params.view());
   if (!outcome.ok()) return {encode_error(id, outcome.failure), {}};
   if (is_hello(method)) authorized_ = true;

@@ -54,6 +54,22 @@ TEST(FolderCommands, ListIndentsByDepthInTheAnswersOrder) {
                                            }));
 }
 
+// What the desktop client says is printed as it stands: depth 0 and below
+// line up with depth 1, and a move counts what the client reports moved (a
+// folder brings its contents along).
+TEST(FolderCommands, TheClientsDepthsAndCountsAreTaken) {
+  Sim sim({"--answer",
+           R"(folder_list={"root":{"uri":"orvanta:user:x:rootlist","name":"","type":"folder","depth":0},"items":[)"
+           R"({"uri":"u0","name":"Zero","type":"folder","depth":0},{"uri":"u1","name":"Below","type":"playlist","depth":-1},)"
+           R"({"uri":"u3","name":"Three","type":"playlist","depth":3}],"total_items":3})",
+           "--answer", R"(folder_move={"moved":3})"});
+  expect_command_cases({
+      {{"folder", "list"},
+       "Total items: 3\n  [folder] Zero  u0\n  [playlist] Below  u1\n      [playlist] Three  u3\n", "", 0},
+      {{"folder", "move", moods, evenings, "--to", "root"}, "Moved 6 item(s)\n", "", 0},
+  });
+}
+
 // Only this wait is bounded; the simulator never answers, and the test's
 // runner waits a fraction of the 8 seconds.
 TEST(FolderCommands, ListGivesUpAfterItsTimeLimit) {

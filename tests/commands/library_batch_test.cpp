@@ -248,6 +248,17 @@ TEST(LibraryBatch, FolderMoveDestinationAndPartialFailure) {
                    R"({"uris":["orvanta:playlist:nowhere"],"destination_folder_uri":"root"})"}));
 }
 
+// The op's count is the client's, summed over its requests.
+TEST(LibraryBatch, FolderMoveCountsWhatTheClientMoved) {
+  Sim sim({"--answer", R"(folder_move={"moved":3})"});
+  expect_batch_cases(sim, {{R"({"ops":[{"op":"folder_move","uris":["orvanta:playlist:backroads","orvanta:playlist:freshfinds"]}]})",
+                            {},
+                            R"({"index":0,"op":"folder_move","ok":true,"result":{"moved":6}})"
+                            "\n"
+                            "Batch complete: 1 ok, 0 failed, 0 skipped (1 total)\n",
+                            "", 0}});
+}
+
 // A manifest that can't be read or decoded runs nothing and prints nothing
 // on stdout.
 TEST(LibraryBatch, ManifestThatDoesNotDecode) {

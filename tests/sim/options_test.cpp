@@ -56,6 +56,7 @@ TEST(SimOptions, RefusalsSayWhatIsWrong) {
       {{"--delay", "me=-1"}, "--delay needs milliseconds as a whole number, not '-1'"},
       {{"--hang", "Me"}, "'Me' is not a method of the Partner API"},
       {{"--garbage-frame", "me=huge"}, "--garbage-frame takes stray or oversize, not 'huge'"},
+      {{"--answer", "me={\"a\":1} x"}, "--answer needs one JSON value after 'me=', not '{\"a\":1} x'"},
       {{"--reject-hello", "--silent-hello"}, "--reject-hello and --silent-hello exclude each other"},
   };
   for (const auto& [args, reason] : cases) EXPECT_EQ(refusal(args), reason) << args.front();

@@ -30,20 +30,12 @@ TEST(AppUri, RemoveQueryParameterDropsEveryPairOfTheKey) {
   }
 }
 
-TEST(AppUri, WithoutUriArgumentTheDefaultUriIsUsed) {
-  Args stripped{"--foo"};
-  EXPECT_EQ(apply_uri(stripped, "desktop_cli", true), "orvanta:open?utm_medium=desktop_cli");
-  EXPECT_EQ(stripped, (Args{"--foo"}));
-
+// Retagging a URI and the default URI are seen at work in
+// desktop_app_launcher_test.cpp.
+TEST(AppUri, WithoutUriArgumentTheDefaultUriIsAdded) {
   Args kept{"--foo"};
   EXPECT_EQ(apply_uri(kept, "desktop_cli", false), "orvanta:open?utm_medium=desktop_cli");
   EXPECT_EQ(kept, (Args{"--foo", "--uri=orvanta:open?utm_medium=desktop_cli"}));
-}
-
-TEST(AppUri, UriArgumentIsRetaggedWithTheMedium) {
-  Args args{"--uri=orvanta:track:abc?utm_medium=x&a=1"};
-  EXPECT_EQ(apply_uri(args, "desktop_cli", true), "orvanta:track:abc?a=1&utm_medium=desktop_cli");
-  EXPECT_TRUE(args.empty());
 }
 
 TEST(AppUri, LastUriArgumentWinsAndAllAreRemoved) {

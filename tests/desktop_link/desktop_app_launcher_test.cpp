@@ -7,6 +7,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <string>
+#include <utility>
+#include <vector>
 #include <sstream>
 #include <thread>
 #include <csignal>
@@ -76,29 +79,24 @@ TEST(DesktopAppLauncher, FindsTheBundleAboveTheProgram) {
   EXPECT_EQ(SystemAppLauncher("desktop_cli", (dir.path() / "orvanta.app" / "bin").string()).find_app_bundle(), "");
 }
 
+// The URI goes last, tagged with the medium; without one the default URI
+// opens. Outside a bundle nothing is started.
 TEST(DesktopAppLauncher, LaunchStartsTheApplicationWithTheUriLast) {
   become_subreaper();
-  TempDir dir;
-  SystemAppLauncher launcher("desktop_cli", make_bundle(dir.path()).string());
-  launcher.launch({"--uri=orvanta:track:abc?utm_medium=x&a=1", "--format", "json"});
-  EXPECT_EQ(wait_for_file(dir.path() / "launched"), "--format\njson\norvanta:track:abc?a=1&utm_medium=desktop_cli\n");
-  reap_children();
-}
-
-TEST(DesktopAppLauncher, LaunchWithoutArgumentsOpensTheDefaultUri) {
-  become_subreaper();
-  TempDir dir;
-  SystemAppLauncher launcher("desktop_cli", make_bundle(dir.path()).string());
-  launcher.launch({});
-  EXPECT_EQ(wait_for_file(dir.path() / "launched"), "orvanta:open?utm_medium=desktop_cli\n");
-  reap_children();
-}
-
-TEST(DesktopAppLauncher, LaunchOutsideABundleDoesNothing) {
-  TempDir dir;
-  SystemAppLauncher launcher("desktop_cli", dir.path().string());
-  launcher.launch({"--uri=orvanta:track:abc"});
-  EXPECT_TRUE(fs::is_empty(dir.path()));
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{"--uri=orvanta:track:abc?utm_medium=x&a=1", "--format", "json"},
+       "--format\njson\norvanta:track:abc?a=1&utm_medium=desktop_cli\n"},
+      {{}, "orvanta:open?utm_medium=desktop_cli\n"},
+  };
+  for (const auto& [args, launched] : cases) {
+    TempDir dir;
+    SystemAppLauncher("desktop_cli", make_bundle(dir.path()).string()).launch(args);
+    EXPECT_EQ(wait_for_file(dir.path() / "launched"), launched);
+    reap_children();
+  }
+  TempDir empty;
+  SystemAppLauncher("desktop_cli", empty.path().string()).launch({"--uri=orvanta:track:abc"});
+  EXPECT_TRUE(fs::is_empty(empty.path()));
 }
 
 TEST(DesktopAppLauncher, RunningMeansAProcessNamedOrvantaInAnyCase) {

@@ -5,7 +5,6 @@
 #include <string>
 #include <system_error>
 
-#include "messages/envelope.hpp"
 
 namespace {
 
@@ -104,31 +103,6 @@ TEST(ErrorCategory, FoldErrorByCategory) {
   // A failed decode and the peer closing the stream both read as unknown.
   EXPECT_EQ(fold(std::make_error_code(std::errc::bad_message)), DesktopApiError::client_unknown_error);
   EXPECT_EQ(fold(std::make_error_code(std::io_errc::stream)), DesktopApiError::client_unknown_error);
-}
-
-// The category word must match byte for byte; the code is kept as it
-// stands, in or out of range, and the peer's own text is never used.
-TEST(ErrorCategory, ErrorFromWire) {
-  const struct {
-    const char* category;
-    int code;
-    std::error_code expected;
-  } rows[] = {
-      {"desktop_api", 16, DesktopApiError::not_logged_in},
-      {"desktop_api", 999, std::error_code(999, desktop_api_category())},
-      {"desktop_api", -32600, DesktopApiError::invalid_request},
-      {"desktop_api_failure_source", 7, FailureSource::remote_playback_not_allowed},
-      {"DESKTOP_API", 16, DesktopApiError::client_connection_failed},
-      {"desktop_api ", 16, DesktopApiError::client_connection_failed},
-      {"desktop", 16, DesktopApiError::client_connection_failed},
-  };
-  for (const auto& row : rows) {
-    orvanta::messages::ErrorObject wire;
-    wire.code = row.code;
-    wire.category = row.category;
-    wire.message = "the peer's own text";
-    EXPECT_EQ(orvanta::link::error_from_wire(wire), row.expected) << '"' << row.category << "\" " << row.code;
-  }
 }
 
 }  // namespace

@@ -80,6 +80,9 @@ TEST_F(Framing, LengthAtTheLimitIsRefusedWithNothingConsumed) {
   asio::co_spawn(context, peer.write_frame(std::string(max_frame_payload - 1, 'a')), asio::detached);
   EXPECT_EQ(read().payload.size(), 4194303u);
   send(frame_header(4194304) + frame("{}"));
+  // The peer sends no more: a reader that took the length would wait for
+  // the rest of a 4 MiB payload and meet the end instead.
+  peer.socket().shutdown(asio::ip::tcp::socket::shutdown_send);
   auto refused = read();
   EXPECT_EQ(refused.ec, DesktopApiError::ipc_message_too_large);
   EXPECT_EQ(refused.payload, "");

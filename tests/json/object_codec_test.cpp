@@ -1,5 +1,5 @@
 // The object codec: field table, presence kinds, duplicates, the closing
-// brace, required bits beyond 64, and the sketch of object_codec.hpp.
+// brace, required bits beyond 64.
 #include "json/object_codec.hpp"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "json_test_support.hpp"
-#include "sketch_records.hpp"
 
 namespace orvanta::json {
 namespace {
@@ -62,9 +61,10 @@ ObjectCodec<OnlyOptional> only_optional_codec() {
 
 TEST(ObjectCodec, EmptyRecordEncodesAsBracesAndSkipsUnknownKeys) {
   EXPECT_EQ(encode_text(empty_codec(), Empty{}), "{}");
-  EXPECT_EQ(decode(empty_codec(), "{}"), Empty{});
   EXPECT_EQ(decode(empty_codec(), R"({"anything":[1,{"x":2}]})"), Empty{});
   EXPECT_EQ(decode(empty_codec(), " { } "), Empty{});
+  EXPECT_EQ(encode_text(only_optional_codec(), OnlyOptional{}), "{}");
+  EXPECT_EQ(encode_text(only_optional_codec(), OnlyOptional{5}), R"({"x":5})");
 }
 
 TEST(ObjectCodec, KeysInDeclarationOrderAndPresenceKinds) {
@@ -82,11 +82,7 @@ TEST(ObjectCodec, KeysThatAgreeInTheHashedBytesStayApart) {
   EXPECT_DECODE_ERROR(play_codec(), R"({"cXntext":"c"})", "Missing required field(s)", 15u);
   EXPECT_EQ(decode(play_codec(), R"({"context":"c","rXferrer":"r","aXtribution":"a","aXentic_product_type":"t"})"),
             (Play{"c", "", std::nullopt, std::nullopt}));
-}
-
-TEST(ObjectCodec, AllOptionalAbsentEncodesAsBraces) {
-  EXPECT_EQ(encode_text(only_optional_codec(), OnlyOptional{}), "{}");
-  EXPECT_EQ(encode_text(only_optional_codec(), OnlyOptional{5}), R"({"x":5})");
+  EXPECT_EQ(decode(pair_codec(), R"({"\u0061":"x","\u0062":"y"})"), (Pair{"x", "y"}));
 }
 
 TEST(ObjectCodec, MissingRequiredFieldNamesTheByteAfterTheBrace) {
@@ -104,10 +100,6 @@ TEST(ObjectCodec, SeparatorFailures) {
   EXPECT_DECODE_ERROR(pair_codec(), "", "Unexpected end of input", 0u);
 }
 
-TEST(ObjectCodec, NullIsNotAnAbsentOptional) {
-  EXPECT_DECODE_ERROR(play_codec(), R"({"context":"c","attribution":null})", "Unexpected input", 29u);
-}
-
 TEST(ObjectCodec, UnknownKeyWithMalformedValueFails) {
   EXPECT_DECODE_ERROR(pair_codec(), R"({"zz":"abc)", "Unterminated string", 10u);
   EXPECT_DECODE_ERROR(pair_codec(), R"({"zz":[1,],"a":"x","b":"y"})", "Encountered token ']'", 9u);
@@ -117,8 +109,6 @@ TEST(ObjectCodec, FirstDeclarationOfAKeyStays) {
   ObjectCodec<Pair> codec;
   codec.add_field("a", required, &Pair::a);
   codec.add_field("a", required, &Pair::b);
-  EXPECT_EQ(codec.field_count(), 1u);
-  EXPECT_EQ(codec.required_count(), 1u);
   EXPECT_EQ(decode(codec, R"({"a":"x"})"), (Pair{"x", ""}));
 }
 
@@ -198,10 +188,8 @@ TEST(ObjectCodec, AWrongTypeFailsInTheValueDecoder) {
   EXPECT_DECODE_ERROR(pair_codec(), R"({"a":1,"b":"y"})", "Unexpected input", 5u);
   EXPECT_DECODE_ERROR(lists_codec(), R"({"numbers":[true]})", "Invalid integer", 13u);
   EXPECT_DECODE_ERROR(only_optional_codec(), R"({"x":null})", "Invalid integer", 6u);
-}
-
-TEST(ObjectCodec, EscapedKeysAreHonoured) {
-  EXPECT_EQ(decode(pair_codec(), R"({"\u0061":"x","\u0062":"y"})"), (Pair{"x", "y"}));
+  // null is not an absent optional
+  EXPECT_DECODE_ERROR(play_codec(), R"({"context":"c","attribution":null})", "Unexpected input", 29u);
 }
 
 TEST(ObjectCodec, KeysAreWrittenAsFinishedJsonStrings) {
@@ -232,12 +220,18 @@ TEST(ObjectCodec, CopiesShareTheFieldTable) {
   EXPECT_EQ(encode(first, Pair{"1", "2"}), R"({"a":"1","b":"2"})");
 }
 
+struct Nest {
+  std::vector<Pair> pairs;
+  std::optional<Pair> one;
+  bool operator==(const Nest&) const = default;
+};
+
 TEST(ObjectCodec, NestedFailuresPropagateUnchanged) {
-  using namespace sketch;
-  EXPECT_DECODE_ERROR(item_codec(),
-                      R"({"uri":"u","tags":[],"artists":[{"uri":"a"}],"contains":{},"source":"zeroconf"})",
-                      "Missing required field(s)", 43u);
-  EXPECT_DECODE_ERROR(item_codec(), R"({"uri":"u","album":{"uri":"a","name":5}})", "Unexpected input", 37u);
+  ObjectCodec<Nest> codec;
+  codec.add_field("pairs", required, &Nest::pairs, list_codec(pair_codec()));
+  codec.add_field("one", optional, &Nest::one, pair_codec());
+  EXPECT_DECODE_ERROR(codec, R"({"pairs":[{"a":"x"}]})", "Missing required field(s)", 19u);
+  EXPECT_DECODE_ERROR(codec, R"({"one":{"a":"x","b":5}})", "Unexpected input", 20u);
 }
 
 }  // namespace

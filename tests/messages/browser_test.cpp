@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/messages/wire_table.hpp"
+#include "record_check.hpp"
 
 namespace orvanta::messages {
 namespace {
@@ -31,21 +31,20 @@ constexpr std::string_view kPageDefaults =
 TEST(BrowserRecords, WireTable) {
   const std::string list = R"({"browsers":[)" + std::string(kItem) + "]}";
   const WireCase cases[] = {
-      {"BrowserNewRequest", runner(browser_new_request_codec), kNew, "title_or_url", "", "attach_port"},
+      {"BrowserNewRequest", runner(browser_new_request_codec), kNew, "title_or_url"},
       {"BrowserNewRequest/defaults", runner(browser_new_request_codec), kNewDefaults, "", "width headless"},
       {"BrowserNewResponse", runner(browser_new_response_codec),
        R"({"id":1,"url":"https://example.org/","title":"Example","viewport_width":1280,"viewport_height":720,)"
        R"("snapshot":"- heading","backend":""})",
-       "viewport_height", "backend", "snapshot"},
-      {"BrowserListItem", runner(browser_list_item_codec), kItem, "type", "", "parent_id"},
+       "viewport_height", "backend"},
+      {"BrowserListItem", runner(browser_list_item_codec), kItem, "type"},
       {"BrowserListItem/popups", runner(browser_list_item_codec),
        R"({"id":2,"type":"page","url":"u","title":"t","viewport_width":800,"viewport_height":600,"popup_ids":[],)"
        R"("created_by":"user"})",
-       "viewport_width", "popup_ids", "created_by"},
+       "viewport_width", "popup_ids"},
       {"BrowserListResponse", runner(browser_list_response_codec), list, "browsers"},
-      {"BrowserCloseRequest", runner(browser_close_request_codec), R"({"id":2})", "", "", "id"},
-      {"BrowserCloseResponse", runner(browser_close_response_codec), R"({"id":2,"was_user_opened":false})", "id", "",
-       "was_user_opened"},
+      {"BrowserCloseRequest", runner(browser_close_request_codec), R"({"id":2})"},
+      {"BrowserCloseResponse", runner(browser_close_response_codec), R"({"id":2,"was_user_opened":false})", "id"},
       {"BrowserSnapshotRequest", runner(browser_snapshot_request_codec), R"({"id":2,"format":""})", "id", "format"},
       {"BrowserSnapshotResponse", runner(browser_snapshot_response_codec), kPage, "viewport_width"},
       {"BrowserSnapshotResponse/defaults", runner(browser_snapshot_response_codec), kPageDefaults, "url",
@@ -57,13 +56,11 @@ TEST(BrowserRecords, WireTable) {
        "type snapshot"},
       {"BrowserClickRequest", runner(browser_click_request_codec), R"({"id":2,"ref":"e12"})", "ref"},
       {"BrowserClickResponse", runner(browser_click_response_codec),
-       R"({"ref":"e12","element":"button","navigated":true,"url":"u","title":"t","snapshot":"s"})", "navigated", "",
-       "title"},
+       R"({"ref":"e12","element":"button","navigated":true,"url":"u","title":"t","snapshot":"s"})", "navigated"},
       {"BrowserTypeRequest", runner(browser_type_request_codec), R"({"id":2,"ref":"e3","text":"hello","submit":false})",
        "text", "submit"},
       {"BrowserTypeResponse", runner(browser_type_response_codec),
-       R"({"ref":"e3","element":"textbox","submitted":false,"url":"u","title":"t","snapshot":"s"})", "submitted", "",
-       "snapshot"},
+       R"({"ref":"e3","element":"textbox","submitted":false,"url":"u","title":"t","snapshot":"s"})", "submitted"},
       {"BrowserScrollRequest", runner(browser_scroll_request_codec), R"({"id":2,"ref":"e9"})", "id"},
       {"BrowserScrollResponse", runner(browser_scroll_response_codec),
        R"({"url":"u","title":"t","viewport_width":800,"viewport_height":600,"snapshot":""})", "title", "snapshot"},

@@ -1,45 +1,97 @@
-// One call per record: the record as a test builds it, the JSON text written
-// by hand from its wire table, and the keys of each presence word.
+// Wire checks of message records against JSON texts written by hand from
+// each record's wire table.
 //
 //   check_record(queue_move_request_codec, {.from_position = 3, .to_position = 0},
-//                R"({"from_position":3,"to_position":0})",
-//                {.required = "from_position to_position"});
+//                R"({"from_position":3,"to_position":0})", {.required = "from_position to_position"});
 //
-// The built record must encode to exactly `text`, which catches a key bound
-// to the wrong member (a round trip alone would swap it back). `text` must
-// then pass the wire table checks of wire_table.hpp once for every key named
-// in the probes, so each row states the whole presence column of its table.
+// The built record must encode to exactly `text`, which catches a wrong key,
+// a wrong order and a key bound to the wrong member. A table of WireCase rows
+// does without the built record: each text must decode and encode again to
+// the same bytes, which catches a wrong key or order but not two keys of one
+// type swapped. Either way, each key named in `required` (space-separated)
+// must make decoding fail when it is left out, and each one in `defaulted`
+// may be left out and is written back.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "json/json.hpp"
-#include "wire_table.hpp"
 
 namespace orvanta::test {
 
-// Space-separated key lists.
+// The decode-only outcome of one text: "ok", or "error: " and the message.
+template <class C>
+std::string decode_outcome(const C& codec, std::string_view text) {
+  try {
+    (void)json::decode(codec, text);
+    return "ok";
+  } catch (const json::decode_exception& e) {
+    return std::string("error: ") + e.what();
+  }
+}
+
+// Decodes a text and encodes the record again, or gives "error: " and the
+// message.
+using WireRunner = std::function<std::string(std::string_view)>;
+
+template <class R>
+WireRunner runner(json::ObjectCodec<R> (*factory)()) {
+  return [factory](std::string_view text) {
+    const std::string outcome = decode_outcome(factory(), text);
+    return outcome == "ok" ? json::encode(factory(), json::decode(factory(), text)).str() : outcome;
+  };
+}
+
+struct WireCase {
+  std::string_view name;
+  WireRunner run;
+  std::string_view text;
+  std::string_view required = {};
+  std::string_view defaulted = {};
+};
+
+// `text` without its top-level member `key`.
+inline std::string without_member(std::string_view text, std::string_view key) {
+  const auto members = json::string_map_codec(json::raw_value_codec());
+  auto map = json::decode(members, text);
+  EXPECT_EQ(map.erase(std::string(key)), 1U) << "no key " << key;
+  return json::encode(members, map).str();
+}
+
+inline void check_wire_case(const WireCase& c) {
+  SCOPED_TRACE(std::string(c.name) + " " + std::string(c.text));
+  EXPECT_EQ(c.run(c.text), c.text);
+  const auto probe = [&](std::string_view words, const std::string& expected) {
+    for (std::size_t at = 0; at < words.size();) {
+      const std::size_t space = std::min(words.find(' ', at), words.size());
+      const std::string_view key = words.substr(at, space - at);
+      EXPECT_EQ(c.run(without_member(c.text, key)), expected) << "without " << key;
+      at = space + 1;
+    }
+  };
+  probe(c.required, "error: Missing required field(s)");
+  probe(c.defaulted, std::string(c.text));
+}
+
+inline void check_wire_table(std::span<const WireCase> cases) {
+  for (const WireCase& c : cases) check_wire_case(c);
+}
+
 struct Probes {
   std::string_view required = {};
   std::string_view defaulted = {};
-  std::string_view optional = {};
 };
 
 template <class R>
 void check_record(json::ObjectCodec<R> (*factory)(), const R& value, std::string_view text, Probes probes = {}) {
-  SCOPED_TRACE(std::string(text));
   EXPECT_EQ(json::encode(factory(), value).view(), text);
-  check_wire_case({"", runner(factory), text, probes.required, probes.defaulted, probes.optional});
-}
-
-// The decode-only outcome through a record's factory: "ok", or "error: " and
-// the decode_exception's message.
-template <class R>
-std::string outcome(json::ObjectCodec<R> (*factory)(), std::string_view text) {
-  return decode_outcome(factory(), text);
+  check_wire_case({"", runner(factory), text, probes.required, probes.defaulted});
 }
 
 }  // namespace orvanta::test

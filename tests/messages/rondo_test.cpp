@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/messages/wire_table.hpp"
+#include "record_check.hpp"
 
 namespace orvanta::messages {
 namespace {
@@ -24,17 +24,17 @@ TEST(RondoRecords, WireTable) {
   const WireCase cases[] = {
       {"RondoMember", runner(rondo_member_codec),
        R"({"username":"u1","display_name":"Ann","image_url":"https://img/1","is_current_user":true})",
-       "is_current_user", "", "image_url"},
-      {"RondoStatusResponse", runner(rondo_status_response_codec), kStatus, "members", "", "join_token"},
+       "is_current_user"},
+      {"RondoStatusResponse", runner(rondo_status_response_codec), kStatus, "members"},
       {"RondoStatusResponse/empty", runner(rondo_status_response_codec),
        R"({"session_id":"","is_session_owner":false,"active":false,"member_count":0,"queue_only_mode":false,)"
        R"("volume_control_enabled":false,"members":[]})",
        "session_id"},
       {"RondoCreateRequest", runner(rondo_create_request_codec), R"({"device_id":"d1","activate":false})", "",
-       "activate", "device_id"},
+       "activate"},
       {"RondoKickRequest", runner(rondo_kick_request_codec), R"({"member_id":"u2"})", "member_id"},
       {"RondoPermissionsRequest", runner(rondo_permissions_request_codec),
-       R"({"queue_only_mode":true,"volume_control":false})", "", "", "queue_only_mode volume_control"},
+       R"({"queue_only_mode":true,"volume_control":false})"},
       {"RondoPermissionsResponse", runner(rondo_permissions_response_codec),
        R"({"queue_only_mode":true,"volume_control_enabled":false})", "volume_control_enabled"},
   };
@@ -53,14 +53,6 @@ TEST(RondoRecords, FilledStatusEncodesAsTheTable) {
   status.members.push_back(RondoMember{"u2", "Bo", std::nullopt, false});
   status.join_token = "tok";
   EXPECT_EQ(json::encode(rondo_status_response_codec(), status), kStatus);
-}
-
-TEST(RondoRecords, MemberCountIsSigned32Bit) {
-  const auto codec = rondo_status_response_codec();
-  const std::string head = R"({"session_id":"s","is_session_owner":false,"active":false,"member_count":)";
-  const std::string tail = R"(,"queue_only_mode":false,"volume_control_enabled":false,"members":[]})";
-  EXPECT_EQ(decode_outcome(codec, head + "-1" + tail), "ok");
-  EXPECT_EQ(decode_outcome(codec, head + "2147483648" + tail), "error: Integer overflow");
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/messages/wire_table.hpp"
+#include "record_check.hpp"
 
 namespace orvanta::messages {
 namespace {
@@ -18,7 +18,7 @@ constexpr std::string_view kToast =
 
 TEST(ToastAndLogRecords, WireTable) {
   const WireCase cases[] = {
-      {"ShowToastRequest", runner(show_toast_request_codec), kToast, "title body", "", "subtitle launch_uri"},
+      {"ShowToastRequest", runner(show_toast_request_codec), kToast, "title body"},
       {"CollectLogsNotification", runner(collect_logs_notification_codec), R"({"logs_directory":"/tmp/logs"})",
        "logs_directory"},
   };

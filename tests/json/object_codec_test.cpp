@@ -15,11 +15,6 @@ namespace {
 using testing::encode_text;
 using namespace presence;
 
-struct Empty {
-  bool operator==(const Empty&) const = default;
-};
-ObjectCodec<Empty> empty_codec() { return ObjectCodec<Empty>(); }
-
 struct Pair {
   std::string a;
   std::string b;
@@ -60,9 +55,10 @@ ObjectCodec<OnlyOptional> only_optional_codec() {
 }
 
 TEST(ObjectCodec, EmptyRecordEncodesAsBracesAndSkipsUnknownKeys) {
-  EXPECT_EQ(encode_text(empty_codec(), Empty{}), "{}");
-  EXPECT_EQ(decode(empty_codec(), R"({"anything":[1,{"x":2}]})"), Empty{});
-  EXPECT_EQ(decode(empty_codec(), " { } "), Empty{});
+  const ObjectCodec<Pair> no_fields;
+  EXPECT_EQ(encode_text(no_fields, Pair{"a", "b"}), "{}");
+  EXPECT_EQ(decode(no_fields, R"({"anything":[1,{"x":2}]})"), Pair{});
+  EXPECT_EQ(decode(no_fields, " { } "), Pair{});
   EXPECT_EQ(encode_text(only_optional_codec(), OnlyOptional{}), "{}");
   EXPECT_EQ(encode_text(only_optional_codec(), OnlyOptional{5}), R"({"x":5})");
 }
@@ -193,14 +189,10 @@ TEST(ObjectCodec, AWrongTypeFailsInTheValueDecoder) {
 }
 
 TEST(ObjectCodec, KeysAreWrittenAsFinishedJsonStrings) {
-  struct Odd {
-    std::string v;
-    bool operator==(const Odd&) const = default;
-  };
-  ObjectCodec<Odd> codec;
-  codec.add_field("a\"b\n", required, &Odd::v);
-  EXPECT_EQ(encode(codec, Odd{"1"}), R"({"a\"b\n":"1"})");
-  EXPECT_EQ(decode(codec, R"({"a\"b\n":"2"})"), Odd{"2"});
+  ObjectCodec<Pair> codec;
+  codec.add_field("a\"b\n", required, &Pair::a);
+  EXPECT_EQ(encode(codec, Pair{"1", "x"}), R"({"a\"b\n":"1"})");
+  EXPECT_EQ(decode(codec, R"({"a\"b\n":"2"})"), (Pair{"2", ""}));
 }
 
 TEST(ObjectCodec, FactoryMakesNewRecords) {
@@ -215,8 +207,7 @@ TEST(ObjectCodec, CopiesShareTheFieldTable) {
   const ObjectCodec<Pair> first = pair_codec();
   ObjectCodec<Pair> copy = first;
   copy.add_field("c", required, &Pair::b);  // the copy grows, the original doesn't
-  EXPECT_EQ(first.field_count(), 2u);
-  EXPECT_EQ(copy.field_count(), 3u);
+  EXPECT_EQ(encode(copy, Pair{"1", "2"}), R"({"a":"1","b":"2","c":"2"})");
   EXPECT_EQ(encode(first, Pair{"1", "2"}), R"({"a":"1","b":"2"})");
 }
 

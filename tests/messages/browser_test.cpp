@@ -32,7 +32,6 @@ TEST(BrowserRecords, WireTable) {
   const std::string list = R"({"browsers":[)" + std::string(kItem) + "]}";
   const WireCase cases[] = {
       {"BrowserNewRequest", runner(browser_new_request_codec), kNew, "title_or_url"},
-      {"BrowserNewRequest/defaults", runner(browser_new_request_codec), kNewDefaults, "", "width headless"},
       {"BrowserNewResponse", runner(browser_new_response_codec),
        R"({"id":1,"url":"https://example.org/","title":"Example","viewport_width":1280,"viewport_height":720,)"
        R"("snapshot":"- heading","backend":""})",
@@ -76,7 +75,7 @@ TEST(BrowserRecords, WireTable) {
 TEST(BrowserRecords, NewRequestWritesEveryDefault) {
   BrowserNewRequest request;
   request.title_or_url = "x";
-  EXPECT_EQ(json::encode(browser_new_request_codec(), request), kNewDefaults);
+  test::check_record(browser_new_request_codec, request, kNewDefaults, {.defaulted = "width headless"});
 }
 
 // Four int32 members: each value must land under its own key.

@@ -31,7 +31,6 @@ TEST(ChatRecords, WireTable) {
   const std::string read = R"({"conversation_id":"c1","messages":[)" + message + "," + bare + "]}";
   const WireCase cases[] = {
       {"ChatParticipant", runner(chat_participant_codec), kParticipant, "role"},
-      {"ChatMessage", runner(chat_message_codec), kMessage, "shared_off_platform timestamp"},
       {"ChatConversation", runner(chat_conversation_codec), conversation, "participants unread_count"},
       {"ChatListResponse", runner(chat_list_response_codec), list, "conversations"},
       {"ChatReadRequest", runner(chat_read_request_codec), R"({"conversation_id":"c1","limit":20,"before":"m9"})",
@@ -45,18 +44,14 @@ TEST(ChatRecords, WireTable) {
        R"({"conversation_id":"c1","text":"hi","send_as_agent":true,"chat_role":"assistant"})", "conversation_id"},
       {"ChatSendResponse", runner(chat_send_response_codec), R"({"message_id":"m2"})", "message_id"},
       {"ChatAgentContext", runner(chat_agent_context_codec), R"({"agent_id":"a1","role":"assistant"})", "agent_id"},
-      {"ChatNotification", runner(chat_notification_codec), kNotification, "message_id sender"},
   };
   test::check_wire_table(cases);
-}
-
-// Records made of many strings: each value must land under its own key.
-TEST(ChatRecords, FilledRecordsEncodeAsTheTable) {
-  const ChatMessage message{"m1", "u1", "hi", "orvanta:track:1", false, "2024-01-01T00:00:00Z", "h1"};
-  EXPECT_EQ(json::encode(chat_message_codec(), message), kMessage);
-  const ChatNotification notification{
-      "c1", "m3", "u2", "hey", "2024-01-01T00:02:00Z", ChatAgentContext{"a1", "assistant"}, "h2"};
-  EXPECT_EQ(json::encode(chat_notification_codec(), notification), kNotification);
+  // Records made of many strings: each value must land under its own key.
+  test::check_record(chat_message_codec, {"m1", "u1", "hi", "orvanta:track:1", false, "2024-01-01T00:00:00Z", "h1"},
+                     kMessage, {.required = "shared_off_platform timestamp"});
+  test::check_record(chat_notification_codec,
+                     {"c1", "m3", "u2", "hey", "2024-01-01T00:02:00Z", ChatAgentContext{"a1", "assistant"}, "h2"},
+                     kNotification, {.required = "message_id sender"});
 }
 
 }  // namespace

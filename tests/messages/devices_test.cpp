@@ -52,19 +52,11 @@ TEST(DeviceRecords, WireTable) {
        R"({"fully_supported":true,"user_eligible":false,"device_supported":true})", "device_supported"},
       {"AudioOutput", runner(audio_output_codec),
        R"({"name":"Speakers","connection_type":"bluetooth","brand":"Acme","model":"S1","category":"speaker"})"},
-      {"AudioOutput (empty)", runner(audio_output_codec), "{}"},
       {"DeviceCapabilities", runner(device_capabilities_codec), kCapabilities, "disallow_reasons supports_hifi"},
       {"DeviceCapabilities (minimal)", runner(device_capabilities_codec), kMinimalCapabilities,
        "supports_external_episodes"},
       {"ConnectDevice", runner(connect_device_codec), kDevice, "capabilities volume"},
       {"ConnectClusterResponse", runner(connect_cluster_response_codec), kCluster, "active_device_id devices"},
-      {"ConnectTransferRequest", runner(connect_transfer_request_codec), R"({"device_id":"d2"})", "device_id"},
-      {"ConnectSetVolumeRequest", runner(connect_set_volume_request_codec),
-       R"({"device_id":"d2","volume":75})", "volume"},
-      {"ConnectDeviceInfoRequest", runner(connect_device_info_request_codec), R"({"device_id":"d3"})",
-       "device_id"},
-      {"ActiveDeviceNotification", runner(active_device_notification_codec),
-       R"({"active_device_id":"d1","is_local":true})", "is_local"},
   };
   orvanta::test::check_wire_table(cases);
 }

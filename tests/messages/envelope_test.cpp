@@ -56,9 +56,12 @@ TEST(EnvelopeRecords, DecodedMembers) {
             (IncomingMessage{"2.0", std::nullopt, std::nullopt, std::nullopt, RawJsonValue("null"), std::nullopt}));
 }
 
-TEST(EnvelopeRecords, ParamsTextIsCopiedAsItStands) {
+// The params text is copied as it stands; without an id there is no "id".
+TEST(EnvelopeRecords, RequestBytes) {
   EXPECT_EQ(encode_request_message("m", RawJsonValue(R"({ "kept" : [1, 2] })"), "i"),
             R"({"jsonrpc":"2.0","method":"m","params":{ "kept" : [1, 2] },"id":"i"})");
+  EXPECT_EQ(encode_request("me", empty_request_codec(), EmptyRequest{}, std::nullopt),
+            R"({"jsonrpc":"2.0","method":"me","params":{}})");
 }
 
 TEST(EnvelopeRecords, IncomingDecodes) {

@@ -40,13 +40,4 @@ TEST(OperationCatalogue, MethodNamesInOrder) {
   EXPECT_EQ(connection_operation_names.size(), 2U);
 }
 
-TEST(OperationCatalogue, RequestBytes) {
-  EXPECT_EQ(encode_operation_request<Me>(EmptyRequest{}, "0f6e"),
-            R"({"jsonrpc":"2.0","method":"me","params":{},"id":"0f6e"})");
-  EXPECT_EQ(encode_operation_request<ConnectSetVolume>(ConnectSetVolumeRequest{"d1", 30}, "x"),
-            R"({"jsonrpc":"2.0","method":"connect_set_volume","params":{"device_id":"d1","volume":30},"id":"x"})");
-  EXPECT_EQ(encode_operation_request<LoginStateSubscription>(EmptyRequest{}, std::nullopt),
-            R"({"jsonrpc":"2.0","method":"login_state_subscription","params":{}})");
-}
-
 }  // namespace

@@ -24,9 +24,6 @@ TEST(AgentRecords, WireTable) {
       {"AgentOnlineStateRequest", runner(agent_online_state_request_codec),
        R"({"state":"online","agent_uri":"orvanta:agent:a1"})", "agent_uri"},
       {"AgentOnlineStateResponse", runner(agent_online_state_response_codec), R"({"state":"online"})", "state"},
-      {"AskContent", runner(ask_content_codec), R"({"text":"Here","uris":["orvanta:track:1","orvanta:track:2"]})",
-       "uris"},
-      {"AskAction", runner(ask_action_codec), R"({"uri":"orvanta:playlist:p1"})", "uri"},
       {"AskResponse", runner(ask_response_codec),
        R"({"contents":[{"text":"Here","uris":["orvanta:track:1"]},{"uris":[]}],"actions":[]})", "contents",
        "actions"},
@@ -34,7 +31,6 @@ TEST(AgentRecords, WireTable) {
        R"({"contents":[],"actions":[{"uri":"orvanta:playlist:p1"},{"uri":"orvanta:album:b2"}]})", "contents"},
       {"WebSearchRequest", runner(web_search_request_codec), R"({"input":"jazz","entity_uri":"orvanta:artist:a1"})",
        "input"},
-      {"WebSearchEntity", runner(web_search_entity_codec), entity, "type"},
       {"WebSearchResponse", runner(web_search_response_codec), search, "citations entities"},
   };
   test::check_wire_table(cases);

@@ -30,7 +30,6 @@ TEST(ChatRecords, WireTable) {
   const std::string list = R"({"conversations":[)" + conversation + "]}";
   const std::string read = R"({"conversation_id":"c1","messages":[)" + message + "," + bare + "]}";
   const WireCase cases[] = {
-      {"ChatParticipant", runner(chat_participant_codec), kParticipant, "role"},
       {"ChatConversation", runner(chat_conversation_codec), conversation, "participants unread_count"},
       {"ChatListResponse", runner(chat_list_response_codec), list, "conversations"},
       {"ChatReadRequest", runner(chat_read_request_codec), R"({"conversation_id":"c1","limit":20,"before":"m9"})",
@@ -43,7 +42,6 @@ TEST(ChatRecords, WireTable) {
       {"ChatSendRequest/role", runner(chat_send_request_codec),
        R"({"conversation_id":"c1","text":"hi","send_as_agent":true,"chat_role":"assistant"})", "conversation_id"},
       {"ChatSendResponse", runner(chat_send_response_codec), R"({"message_id":"m2"})", "message_id"},
-      {"ChatAgentContext", runner(chat_agent_context_codec), R"({"agent_id":"a1","role":"assistant"})", "agent_id"},
   };
   test::check_wire_table(cases);
   // Records made of many strings: each value must land under its own key.

@@ -29,7 +29,6 @@ TEST(SpeechRecords, WireTable) {
       // Five billion ms: the length is 64-bit.
       {"TtsSynthesizeResponse", runner(tts_synthesize_response_codec),
        R"({"url":"file:///tmp/out.mp3","output_path":"/tmp/out.mp3","duration_ms":5000000000})", "duration_ms"},
-      {"TtsVoiceAttribute", runner(tts_voice_attribute_codec), R"({"code":"en","label":"English"})", "label"},
       {"TtsVoicesResponse", runner(tts_voices_response_codec), voices, "defaultVoiceId aliases"},
   };
   test::check_wire_table(cases);

@@ -1,11 +1,10 @@
 // The object codec: field table, presence kinds, duplicates, the closing
-// brace, required bits beyond 64.
+// brace.
 #include "json/object_codec.hpp"
 
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
 
 #include "json_test_support.hpp"
 
@@ -106,60 +105,6 @@ TEST(ObjectCodec, FirstDeclarationOfAKeyStays) {
   codec.add_field("a", required, &Pair::a);
   codec.add_field("a", required, &Pair::b);
   EXPECT_EQ(decode(codec, R"({"a":"x"})"), (Pair{"x", ""}));
-}
-
-// 66 required fields and 4 defaulted ones: the bit set lives on the heap
-// beyond 64. Field i is the member of the base Slot<i>.
-template <std::size_t I>
-struct Slot {
-  std::int32_t value = 0;
-  bool operator==(const Slot&) const = default;
-};
-template <class Indices>
-struct WideOf;
-template <std::size_t... I>
-struct WideOf<std::index_sequence<I...>> : Slot<I>... {
-  bool operator==(const WideOf&) const = default;
-};
-using Wide = WideOf<std::make_index_sequence<70>>;
-
-ObjectCodec<Wide> wide_codec() {
-  ObjectCodec<Wide> codec;
-  [&]<std::size_t... I>(std::index_sequence<I...>) {
-    ((I < 66 ? codec.add_field("f" + std::to_string(I), required, &Slot<I>::value)
-             : codec.add_field("f" + std::to_string(I), defaulted, &Slot<I>::value)),
-     ...);
-  }(std::make_index_sequence<70>());
-  return codec;
-}
-
-std::string wide_text(int skip, int repeat) {
-  std::string text = "{";
-  for (int i = 0; i < 70; ++i) {
-    if (i == skip) continue;
-    text += "\"f" + std::to_string(i) + "\":" + std::to_string(i) + ",";
-    if (i == repeat) text += "\"f" + std::to_string(i) + "\":" + std::to_string(i + 100) + ",";
-  }
-  text.back() = '}';
-  return text;
-}
-
-TEST(ObjectCodec, RequiredBitsBeyond64) {
-  EXPECT_EQ(wide_codec().required_count(), 66u);
-  const Wide all = decode(wide_codec(), wide_text(-1, -1));
-  EXPECT_EQ(all.Slot<1>::value, 1);
-  EXPECT_EQ(all.Slot<65>::value, 65);
-  EXPECT_EQ(all.Slot<69>::value, 69);
-  for (const int missing : {0, 63, 64, 65}) {
-    const std::string text = wide_text(missing, -1);
-    EXPECT_DECODE_ERROR(wide_codec(), text, "Missing required field(s)", text.size()) << missing;
-  }
-  EXPECT_NO_THROW(decode(wide_codec(), wide_text(69, -1)));  // defaulted
-  // A repeated key counts once; the last value wins.
-  EXPECT_EQ(decode(wide_codec(), wide_text(-1, 65)).Slot<65>::value, 165);
-  const std::string repeated_but_missing = wide_text(64, 65);
-  EXPECT_DECODE_ERROR(wide_codec(), repeated_but_missing, "Missing required field(s)", repeated_but_missing.size());
-  EXPECT_EQ(encode(wide_codec(), all), wide_text(-1, -1));
 }
 
 struct Lists {

@@ -39,8 +39,6 @@ TEST(ChatRecords, WireTable) {
        R"({"conversation_id":"c1","text":"hi","send_as_agent":false,"chat_role":"assistant",)"
        R"("envelope_header":"h1","share_uri":"orvanta:track:1"})",
        "text", "send_as_agent"},
-      {"ChatSendRequest/role", runner(chat_send_request_codec),
-       R"({"conversation_id":"c1","text":"hi","send_as_agent":true,"chat_role":"assistant"})", "conversation_id"},
       {"ChatSendResponse", runner(chat_send_response_codec), R"({"message_id":"m2"})", "message_id"},
   };
   test::check_wire_table(cases);

@@ -50,11 +50,6 @@ struct ThrowingCodec {
   void encode(EncodeContext&, int) const {}
 };
 
-template <Codec C>
-std::string encode_text(const C& codec, const typename C::value_type& value) {
-  return encode(codec, value).str();
-}
-
 }  // namespace orvanta::json::testing
 
 #define EXPECT_DECODE_ERROR(codec, text, message, offset) \

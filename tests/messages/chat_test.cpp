@@ -32,22 +32,20 @@ TEST(ChatRecords, WireTable) {
   const WireCase cases[] = {
       {"ChatConversation", runner(chat_conversation_codec), conversation, "participants unread_count"},
       {"ChatListResponse", runner(chat_list_response_codec), list, "conversations"},
-      {"ChatReadRequest", runner(chat_read_request_codec), R"({"conversation_id":"c1","limit":20,"before":"m9"})",
-       "conversation_id"},
+      {"ChatReadRequest", runner(chat_read_request_codec), R"({"conversation_id":"c1","limit":20,"before":"m9"})"},
       {"ChatReadResponse", runner(chat_read_response_codec), read, "messages"},
       {"ChatSendRequest", runner(chat_send_request_codec),
        R"({"conversation_id":"c1","text":"hi","send_as_agent":false,"chat_role":"assistant",)"
-       R"("envelope_header":"h1","share_uri":"orvanta:track:1"})",
-       "text", "send_as_agent"},
+       R"("envelope_header":"h1","share_uri":"orvanta:track:1"})"},
       {"ChatSendResponse", runner(chat_send_response_codec), R"({"message_id":"m2"})", "message_id"},
   };
   test::check_wire_table(cases);
   // Records made of many strings: each value must land under its own key.
   test::check_record(chat_message_codec, {"m1", "u1", "hi", "orvanta:track:1", false, "2024-01-01T00:00:00Z", "h1"},
-                     kMessage, {.required = "shared_off_platform timestamp"});
+                     kMessage, "shared_off_platform timestamp");
   test::check_record(chat_notification_codec,
                      {"c1", "m3", "u2", "hey", "2024-01-01T00:02:00Z", ChatAgentContext{"a1", "assistant"}, "h2"},
-                     kNotification, {.required = "message_id sender"});
+                     kNotification, "message_id sender");
 }
 
 }  // namespace

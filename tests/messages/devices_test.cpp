@@ -41,12 +41,11 @@ const std::string kCluster = R"({"active_device_id":"d1","devices":[)" + kDevice
 // member would round-trip unnoticed, but not survive this.
 TEST(DeviceRecords, BuiltRecordGivesTheTableBytes) {
   using orvanta::test::check_record;
-  check_record(connect_device_codec, device_record(), kDevice, {.required = "capabilities volume"});
+  check_record(connect_device_codec, device_record(), kDevice, "capabilities volume");
   check_record(connect_cluster_response_codec, {"d1", {device_record(), device_record()}}, kCluster,
-               {.required = "active_device_id devices"});
+               "active_device_id devices");
   check_record(hifi_support_codec, {false, true, true},
-               R"({"fully_supported":false,"user_eligible":true,"device_supported":true})",
-               {.required = "device_supported"});
+               R"({"fully_supported":false,"user_eligible":true,"device_supported":true})", "device_supported");
   orvanta::test::check_wire_case({"DeviceCapabilities", runner(device_capabilities_codec),
                                   kCapabilities, "disallow_reasons supports_hifi supports_external_episodes"});
 }

@@ -28,16 +28,13 @@ TEST(OperationCatalogue, MethodNamesInOrder) {
       "queue_remove", "queue_move", "rondo_status", "rondo_create", "rondo_leave", "rondo_end", "rondo_kick",
       "rondo_permissions", "browser_new", "browser_list", "browser_close", "browser_snapshot", "browser_navigate",
       "browser_click", "browser_type", "browser_scroll", "browser_evaluate", "permissions_grant",
-      "permissions_current", "permissions_subscribe", "permissions_resolve", "show_toast",
-      "collect_logs_subscription",
+      "permissions_current", "permissions_subscribe", "permissions_resolve", "show_toast", "collect_logs_subscription",
       // Made only by the connection itself.
       "login_state_subscription", "authorize_connection",
   };
   std::vector<std::string_view> actual;
   for_each_operation([&]<class Op>(std::type_identity<Op>) { actual.push_back(Op::name); });
   EXPECT_EQ(actual, expected);
-  EXPECT_EQ(operation_names.size(), 92U);
-  EXPECT_EQ(connection_operation_names.size(), 2U);
 }
 
 }  // namespace

@@ -13,8 +13,7 @@ TEST(PlaybackRecords, WireForms) {
   check_record(playback_play_request_codec,
                {.context = "orvanta:album:2up", .attribution = "cli", .agentic_product_type = "assistant"},
                R"({"context":"orvanta:album:2up","referrer":"","attribution":"cli",)"
-               R"("agentic_product_type":"assistant"})",
-               {.required = "context", .defaulted = "referrer"});
+               R"("agentic_product_type":"assistant"})");
   check_record(playback_play_request_codec, {.context = "orvanta:track:1", .referrer = "home"},
                R"({"context":"orvanta:track:1","referrer":"home"})");
   check_record(playback_next_request_codec, {.context_track = "orvanta:track:9"},

@@ -24,8 +24,7 @@ TEST(PlaylistRecords, WireForms) {
                 .position = 7},
                R"({"type":"episode","uri":"orvanta:episode:1","name":"Ep 1","artists":["Host"],"album":"LP",)"
                R"("show_name":"Talk","show_uri":"orvanta:show:1","description":"Pilot","duration_ms":4000000000,)"
-               R"("position":7})",
-               {.required = "type uri name artists position"});
+               R"("position":7})", "type uri name artists position");
 }
 
 }  // namespace

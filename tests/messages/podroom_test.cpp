@@ -17,24 +17,20 @@ TEST(PodroomRecords, WireForms) {
                {.file_path = "/tmp/ep.mp3", .title = "Ep 1", .description = "First", .show_id = "s1",
                 .new_show = "My Show", .image = "/tmp/cover.png", .language = "en"},
                R"({"file_path":"/tmp/ep.mp3","title":"Ep 1","description":"First","show_id":"s1",)"
-               R"("new_show":"My Show","image":"/tmp/cover.png","language":"en"})",
-               {.required = "file_path title"});
+               R"("new_show":"My Show","image":"/tmp/cover.png","language":"en"})");
   check_record(pod_shows_create_request_codec,
                {.title = "Show", .description = "About", .image = "/tmp/cover.png", .language = "en"},
-               R"({"title":"Show","description":"About","image":"/tmp/cover.png","language":"en"})",
-               {.required = "title"});
+               R"({"title":"Show","description":"About","image":"/tmp/cover.png","language":"en"})");
   check_record(pod_episodes_create_request_codec,
                {.title = "Ep 2", .file = "/tmp/ep2.mp3", .description = "Second", .show_id = "s1",
                 .image = "/tmp/c.png", .language = "de"},
                R"({"title":"Ep 2","file":"/tmp/ep2.mp3","description":"Second","show_id":"s1","image":"/tmp/c.png",)"
-               R"("language":"de"})",
-               {.required = "title file description"});
+               R"("language":"de"})");
   check_record(pod_episode_codec,
                {.episode_uri = "orvanta:episode:e1", .title = "Ep 1", .language = "en", .media_type = "audio",
                 .status = "published", .created_at = "2024-01-02T03:04:05Z"},
                R"({"episode_uri":"orvanta:episode:e1","title":"Ep 1","language":"en","media_type":"audio",)"
-               R"("status":"published","created_at":"2024-01-02T03:04:05Z"})",
-               {.required = "media_type"});
+               R"("status":"published","created_at":"2024-01-02T03:04:05Z"})", "media_type");
 }
 
 }  // namespace

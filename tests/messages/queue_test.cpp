@@ -17,9 +17,8 @@ TEST(QueueRecords, WireForms) {
                 .revision = 18446744073709551615ULL},
                R"({"currently_playing":{"uri":"orvanta:track:1","uid":"q0","name":"","artist":"","provider":""},)"
                R"("next_tracks":[{"uri":"orvanta:track:2","uid":"q1","name":"","artist":"","provider":"context"}],)"
-               R"("revision":18446744073709551615})",
-               {.required = "next_tracks revision"});
-  check_record(queue_remove_response_codec, {.remaining = 11}, R"({"remaining":11})", {.required = "remaining"});
+               R"("revision":18446744073709551615})", "next_tracks revision");
+  check_record(queue_remove_response_codec, {.remaining = 11}, R"({"remaining":11})", "remaining");
 }
 
 }  // namespace

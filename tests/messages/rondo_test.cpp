@@ -20,10 +20,9 @@ TEST(RondoRecords, WireForms) {
                R"({"session_id":"s1","is_session_owner":true,"active":false,"member_count":2,"queue_only_mode":true,)"
                R"("volume_control_enabled":false,"members":[)"
                R"({"username":"u1","display_name":"Ann","image_url":"https://img/1","is_current_user":true},)"
-               R"({"username":"u2","display_name":"Bo","is_current_user":false}],"join_token":"tok"})",
-               {.required = "members"});
+               R"({"username":"u2","display_name":"Bo","is_current_user":false}],"join_token":"tok"})", "members");
   check_record(rondo_member_codec, {"u1", "Ann", std::nullopt, true},
-               R"({"username":"u1","display_name":"Ann","is_current_user":true})", {.required = "is_current_user"});
+               R"({"username":"u1","display_name":"Ann","is_current_user":true})", "is_current_user");
 }
 
 }  // namespace

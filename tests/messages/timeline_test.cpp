@@ -18,14 +18,12 @@ TEST(TimelineRecords, WireForms) {
                {.companion_uri = "orvanta:companion:i1", .start_time_ms = 1500, .duration_ms = 3000,
                 .url = "https://img/i1.png", .title = "Cover", .width = 640, .height = 480},
                R"({"companion_uri":"orvanta:companion:i1","start_time_ms":1500,"duration_ms":3000,)"
-               R"("url":"https://img/i1.png","title":"Cover","width":640,"height":480})",
-               {.required = "companion_uri duration_ms"});
+               R"("url":"https://img/i1.png","title":"Cover","width":640,"height":480})", "companion_uri duration_ms");
   check_record(timeline_orvanta_entity_codec,
                {.companion_uri = "orvanta:companion:o1", .start_time_ms = 7000, .duration_ms = 1000,
                 .uri = "orvanta:track:t1"},
                R"({"companion_uri":"orvanta:companion:o1","start_time_ms":7000,"duration_ms":1000,)"
-               R"("uri":"orvanta:track:t1"})",
-               {.required = "uri"});
+               R"("uri":"orvanta:track:t1"})", "uri");
   // Nothing checks that an item names exactly one kind: all four pass
   // through as they came.
   test::check_wire_case({"TimelineItem", test::runner(timeline_item_codec),

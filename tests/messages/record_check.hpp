@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <functional>
 #include <span>
+#include <utility>
 #include <string>
 #include <string_view>
 
@@ -56,14 +57,35 @@ struct WireCase {
   std::string_view text;
   std::string_view required = {};
   std::string_view defaulted = {};
+  std::string_view optional = {};
 };
 
-// `text` without its top-level member `key`.
+// Where the member `key` of the top-level object stands in `text`, and its
+// value's text; npos when it isn't there.
+inline std::pair<std::size_t, std::string> find_member(std::string_view text, std::string_view key) {
+  const auto members = json::decode(json::string_map_codec(json::raw_value_codec()), text);
+  const auto found = members.find(std::string(key));
+  if (found == members.end()) return {std::string_view::npos, ""};
+  const std::string member = "\"" + std::string(key) + "\":" + std::string(found->second.view());
+  return {text.find(member), member};
+}
+
+// `text` without its top-level member `key` and the comma that joined it.
 inline std::string without_member(std::string_view text, std::string_view key) {
-  const auto members = json::string_map_codec(json::raw_value_codec());
-  auto map = json::decode(members, text);
-  EXPECT_EQ(map.erase(std::string(key)), 1U) << "no key " << key;
-  return json::encode(members, map).str();
+  const auto [at, member] = find_member(text, key);
+  if (at == std::string_view::npos) return "no key " + std::string(key);
+  std::string out(text);
+  if (out[at + member.size()] == ',') return out.erase(at, member.size() + 1);
+  if (out[at - 1] == ',') return out.erase(at - 1, member.size() + 1);
+  return out.erase(at, member.size());
+}
+
+// `text` with the value of `key` replaced by `null`.
+inline std::string with_null(std::string_view text, std::string_view key) {
+  const auto [at, member] = find_member(text, key);
+  if (at == std::string_view::npos) return "no key " + std::string(key);
+  const std::size_t value = at + key.size() + 3;
+  return std::string(text).replace(value, member.size() - (value - at), "null");
 }
 
 inline void check_wire_case(const WireCase& c) {
@@ -79,17 +101,40 @@ inline void check_wire_case(const WireCase& c) {
   };
   probe(c.required, "error: Missing required field(s)");
   probe(c.defaulted, std::string(c.text));
+  // Without an optional key the record is written back without it; a
+  // `null` in its place is refused.
+  for (std::size_t at = 0; at < c.optional.size();) {
+    const std::size_t space = std::min(c.optional.find(' ', at), c.optional.size());
+    const std::string_view key = c.optional.substr(at, space - at);
+    const std::string absent = without_member(c.text, key);
+    EXPECT_EQ(c.run(absent), absent) << "without " << key;
+    EXPECT_EQ(c.run(with_null(c.text, key)).rfind("error: ", 0), 0U) << "null for " << key;
+    at = space + 1;
+  }
 }
 
 inline void check_wire_table(std::span<const WireCase> cases) {
   for (const WireCase& c : cases) check_wire_case(c);
 }
 
+// The keys of each presence word, for a record whose defaulted keys are
+// probed too.
+struct Probes {
+  std::string_view required = {};
+  std::string_view defaulted = {};
+  std::string_view optional = {};
+};
+
+template <class R>
+void check_record(json::ObjectCodec<R> (*factory)(), const R& value, std::string_view text, Probes probes) {
+  EXPECT_EQ(json::encode(factory(), value).view(), text);
+  check_wire_case({"", runner(factory), text, probes.required, probes.defaulted, probes.optional});
+}
+
 template <class R>
 void check_record(json::ObjectCodec<R> (*factory)(), const R& value, std::string_view text,
                   std::string_view required = {}) {
-  EXPECT_EQ(json::encode(factory(), value).view(), text);
-  check_wire_case({"", runner(factory), text, required});
+  check_record(factory, value, text, Probes{required});
 }
 
 }  // namespace orvanta::test

@@ -9,7 +9,6 @@
 namespace orvanta::json {
 namespace {
 
-using testing::encode_text;
 
 const auto kInts = list_codec(integer_codec<std::int32_t>());
 const auto kStrings = list_codec(string_codec());
@@ -18,11 +17,10 @@ TEST(ListCodec, DecodeAndEncode) {
   EXPECT_EQ(decode(kInts, "[]"), std::vector<std::int32_t>{});
   EXPECT_EQ(decode(kInts, "[ ]"), std::vector<std::int32_t>{});
   EXPECT_EQ(decode(kInts, "[ 1 , 2,3 ]"), (std::vector<std::int32_t>{1, 2, 3}));
-  EXPECT_EQ(decode(kInts, "[1.9,-2e1]"), (std::vector<std::int32_t>{1, -20}));
-  EXPECT_EQ(encode_text(kInts, {}), "[]");
-  EXPECT_EQ(encode_text(kInts, {1, -2, 3}), "[1,-2,3]");
-  EXPECT_EQ(encode_text(kStrings, {"a", ""}), R"(["a",""])");
-  EXPECT_EQ(encode_text(list_codec(kStrings), {{}, {"x"}}), R"([[],["x"]])");
+  EXPECT_EQ(encode(kInts, {}), "[]");
+  EXPECT_EQ(encode(kInts, {1, -2, 3}), "[1,-2,3]");
+  EXPECT_EQ(encode(kStrings, {"a", ""}), R"(["a",""])");
+  EXPECT_EQ(encode(list_codec(kStrings), {{}, {"x"}}), R"([[],["x"]])");
 }
 
 TEST(ListCodec, Failures) {
@@ -40,9 +38,9 @@ TEST(StringMapCodec, FirstValueOfARepeatedKeyStaysAndEncodingIsSorted) {
   const auto codec = string_map_codec(boolean_codec());
   const auto map = decode(codec, R"({ "b" : true, "a":false, "b":false, "\u0063":true })");
   EXPECT_EQ(map, (std::map<std::string, bool>{{"a", false}, {"b", true}, {"c", true}}));
-  EXPECT_EQ(encode_text(codec, map), R"({"a":false,"b":true,"c":true})");
-  EXPECT_EQ(encode_text(codec, {}), "{}");
-  EXPECT_EQ(encode_text(codec, {{"\xC3\xA9", true}, {"z", false}, {"\n", true}}),
+  EXPECT_EQ(encode(codec, map), R"({"a":false,"b":true,"c":true})");
+  EXPECT_EQ(encode(codec, {}), "{}");
+  EXPECT_EQ(encode(codec, {{"\xC3\xA9", true}, {"z", false}, {"\n", true}}),
             "{\"\\n\":true,\"z\":false,\"\xC3\xA9\":true}");
   EXPECT_EQ(decode(codec, "{}"), (std::map<std::string, bool>{}));
 }
@@ -61,7 +59,7 @@ TEST(OptionalCodec, NeverTakesNullAndRefusesToEncodeAnAbsentValue) {
   const auto codec = optional_codec(string_codec());
   EXPECT_EQ(decode(codec, R"("x")"), std::optional<std::string>("x"));
   EXPECT_DECODE_ERROR(codec, "null", "Unexpected input", 0u);
-  EXPECT_EQ(encode_text(codec, std::string("x")), R"("x")");
+  EXPECT_EQ(encode(codec, std::string("x")), R"("x")");
   try {
     (void)encode(list_codec(codec), {std::string("a"), std::nullopt});
     ADD_FAILURE();
@@ -78,8 +76,8 @@ TEST(OrNull, TakesNullAndKeepsTheFirstFailure) {
   EXPECT_DECODE_ERROR(codec, "5", "Unexpected input", 0u);
   EXPECT_DECODE_ERROR(codec, "nulL", "Unexpected input", 0u);
   EXPECT_DECODE_ERROR(codec, R"("abc)", "Unterminated string", 4u);
-  EXPECT_EQ(encode_text(codec, std::nullopt), "null");
-  EXPECT_EQ(encode_text(codec, std::string("a")), R"("a")");
+  EXPECT_EQ(encode(codec, std::nullopt), "null");
+  EXPECT_EQ(encode(codec, std::string("a")), R"("a")");
   const auto ints = or_null(integer_codec<std::int32_t>());
   EXPECT_EQ(decode(ints, "null"), std::nullopt);
   EXPECT_DECODE_ERROR(ints, "nan", "Invalid integer", 1u);
@@ -100,7 +98,7 @@ EnumerationCodec<Color> color_codec() {
 TEST(EnumerationCodec, StrictBothWays) {
   EXPECT_EQ(decode(color_codec(), R"("green")"), Color::green);
   EXPECT_EQ(decode(color_codec(), R"("\u0062lue")"), Color::blue);
-  EXPECT_EQ(encode_text(color_codec(), Color::blue), R"("blue")");
+  EXPECT_EQ(encode(color_codec(), Color::blue), R"("blue")");
   EXPECT_DECODE_ERROR(color_codec(), R"("Green")", "Encountered unknown enumeration value", 7u);
   EXPECT_DECODE_ERROR(color_codec(), R"("gree")", "Encountered unknown enumeration value", 6u);
   EXPECT_DECODE_ERROR(color_codec(), R"("greenish")", "Encountered unknown enumeration value", 10u);
@@ -113,12 +111,10 @@ TEST(EnumerationCodec, StrictBothWays) {
   }
 }
 
-TEST(RawValue, DefaultIsStaticNull) {
+TEST(RawValue, DefaultIsNull) {
   const RawJsonValue value;
   EXPECT_EQ(value, "null");
-  EXPECT_EQ(encode_text(raw_value_codec(), value), "null");
-  const RawJsonValue copy = value;
-  EXPECT_EQ(copy.data(), value.data());  // static storage, not copied
+  EXPECT_EQ(encode(raw_value_codec(), value), "null");
 }
 
 TEST(RawValue, KeepsTheSkippedBytesAsTheyStand) {
@@ -127,22 +123,8 @@ TEST(RawValue, KeepsTheSkippedBytesAsTheyStand) {
   const RawJsonValue value = raw_value_codec().decode(context);
   EXPECT_EQ(value, R"([ 1 , {"a" : "\u00e9"} ])");
   EXPECT_EQ(*context.position, ' ');
-  EXPECT_EQ(encode_text(raw_value_codec(), value), R"([ 1 , {"a" : "\u00e9"} ])");
-  RawJsonValue copy = value;
-  EXPECT_NE(copy.data(), value.data());
-  EXPECT_EQ(copy, value);
-  RawJsonValue moved = std::move(copy);
-  EXPECT_EQ(moved, value);
-  EXPECT_EQ(copy, "null");  // NOLINT: a moved-from value is the default
+  EXPECT_EQ(encode(raw_value_codec(), value), R"([ 1 , {"a" : "\u00e9"} ])");
   EXPECT_DECODE_ERROR(raw_value_codec(), "[1,]", "Encountered token ']'", 3u);
-}
-
-TEST(RawValue, AdoptsAnEncodedTextWithoutCopying) {
-  EncodedText text = encode(kInts, {1, 2});
-  const char* block = text.data();
-  const RawJsonValue value(std::move(text));
-  EXPECT_EQ(value.data(), block);
-  EXPECT_EQ(value, "[1,2]");
 }
 
 }  // namespace

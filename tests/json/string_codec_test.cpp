@@ -24,23 +24,14 @@ std::string reference_encode(std::string_view value) {
   std::string out = "\"";
   for (const char c : value) {
     const auto byte = static_cast<unsigned char>(c);
-    switch (byte) {
-      case '"': out += "\\\""; break;
-      case '\\': out += "\\\\"; break;
-      case 0x08: out += "\\b"; break;
-      case 0x09: out += "\\t"; break;
-      case 0x0A: out += "\\n"; break;
-      case 0x0C: out += "\\f"; break;
-      case 0x0D: out += "\\r"; break;
-      default:
-        if (byte < 0x20) {
-          char buffer[8];
-          std::snprintf(buffer, sizeof buffer, "\\u00%02X", byte);
-          out += buffer;
-        } else {
-          out.push_back(c);
-        }
+    const char* named = byte == '"' ? "\\\"" : byte == '\\' ? "\\\\" : byte == 0x08 ? "\\b" : byte == 0x09 ? "\\t"
+                      : byte == 0x0A ? "\\n" : byte == 0x0C ? "\\f" : byte == 0x0D ? "\\r" : nullptr;
+    char buffer[8];
+    if (!named && byte < 0x20) {
+      std::snprintf(buffer, sizeof buffer, "\\u00%02X", byte);
+      named = buffer;
     }
+    named ? out.append(named) : out.append(1, c);
   }
   return out + "\"";
 }
@@ -49,9 +40,8 @@ TEST(DecodeString, EveryEscape) {
   EXPECT_EQ(decoded(R"("\"\/\\\b\f\n\r\t")"), "\"/\\\b\f\n\r\t");
   EXPECT_EQ(decoded(R"("\u0041\u00e9\u00E9\u20AC")"), "A\xC3\xA9\xC3\xA9\xE2\x82\xAC");
   EXPECT_EQ(decoded(R"("\u007F\u0080\u07FF\u0800\uFFFF")"), "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF");
+  EXPECT_EQ(decoded(R"("a\u0000b")"), "a\0b"s);
 }
-
-TEST(DecodeString, ZeroByteInTheMiddle) { EXPECT_EQ(decoded(R"("a\u0000b")"), "a\0b"s); }
 
 TEST(DecodeString, Surrogates) {
   EXPECT_EQ(decoded(R"("\uD83D\uDE00")"), "\xF0\x9F\x98\x80");
@@ -69,7 +59,6 @@ TEST(DecodeString, Surrogates) {
 
 TEST(DecodeString, RawControlAndHighBytesPassThrough) {
   EXPECT_EQ(decoded("\"a\nb\"\n"), "a\nb");
-  EXPECT_EQ(encoded("a\nb"), R"("a\nb")");
   EXPECT_EQ(decoded("\"\x01\x1F\x7F\xFF\""), "\x01\x1F\x7F\xFF");
 }
 
@@ -88,13 +77,6 @@ TEST(DecodeString, Failures) {
   EXPECT_EQ(failure(R"("\u12")"), (DecodeFailure{"\\u must be followed by 4 hex digits", 3}));
   EXPECT_EQ(failure(R"("\u12G4")"), (DecodeFailure{"\\u must be followed by 4 hex digits", 3}));
   EXPECT_EQ(failure(R"("\uD83D\u12")"), (DecodeFailure{"\\u must be followed by 4 hex digits", 9}));
-}
-
-TEST(DecodeString, CursorEndsBehindTheClosingQuote) {
-  const std::string text = R"("ab\"c"xyz)";
-  DecodeContext context(text);
-  EXPECT_EQ(decode_string(context), "ab\"c");
-  EXPECT_EQ(context.position - context.begin, 7);
 }
 
 TEST(DecodeString, EveryAlignmentAndStopPosition) {

@@ -4,14 +4,12 @@
 
 #include <string>
 
-#include "tests/messages/wire_table.hpp"
+#include "record_check.hpp"
 
 namespace {
 
 using namespace orvanta::messages;
-using orvanta::test::decode_outcome;
 using orvanta::test::runner;
-using orvanta::test::WireCase;
 
 // One device with every key in table order, the nested records included.
 // Neighbouring members of one type hold different values, so that a key
@@ -37,68 +35,19 @@ ConnectDevice device_record() {
   return {"d1", "Kitchen", "smartphone", -3, true, false, true, false, "Acme", "S1", "1.0.2", capabilities};
 }
 
-const std::string kMinimalCapabilities = std::string(R"({"supports_rename":false,)"
-  R"("supports_hifi":{"fully_supported":false,"user_eligible":false,"device_supported":false},)"
-  R"("disable_volume":false,"volume_steps":0,"supports_playlist_mixing":false,"supports_dj":false,)"
-  R"("supports_remote_sleep_timer":false,"is_voice_enabled":false,"is_offline":false,)"
-  R"("supports_remote_audio_quality_control":false,"supports_external_episodes":false,)"
-  R"("disallow_reasons":[]})");
-
 const std::string kCluster = R"({"active_device_id":"d1","devices":[)" + kDevice + "," + kDevice + "]}";
-
-TEST(DeviceRecords, WireTable) {
-  const WireCase cases[] = {
-      {"HifiSupport", runner(hifi_support_codec),
-       R"({"fully_supported":true,"user_eligible":false,"device_supported":true})", "device_supported"},
-      {"AudioOutput", runner(audio_output_codec),
-       R"({"name":"Speakers","connection_type":"bluetooth","brand":"Acme","model":"S1","category":"speaker"})",
-       "", "", "connection_type"},
-      {"AudioOutput (empty)", runner(audio_output_codec), "{}"},
-      {"DeviceCapabilities", runner(device_capabilities_codec), kCapabilities, "disallow_reasons supports_hifi", "",
-       "audio_output supported_audio_quality"},
-      {"DeviceCapabilities (minimal)", runner(device_capabilities_codec), kMinimalCapabilities,
-       "supports_external_episodes"},
-      {"ConnectDevice", runner(connect_device_codec), kDevice, "capabilities volume", "", "brand software_version"},
-      {"ConnectClusterResponse", runner(connect_cluster_response_codec), kCluster, "active_device_id devices"},
-      {"ConnectTransferRequest", runner(connect_transfer_request_codec), R"({"device_id":"d2"})", "device_id"},
-      {"ConnectSetVolumeRequest", runner(connect_set_volume_request_codec),
-       R"({"device_id":"d2","volume":75})", "volume"},
-      {"ConnectDeviceInfoRequest", runner(connect_device_info_request_codec), R"({"device_id":"d3"})",
-       "device_id"},
-      {"ActiveDeviceNotification", runner(active_device_notification_codec),
-       R"({"active_device_id":"d1","is_local":true})", "is_local"},
-  };
-  orvanta::test::check_wire_table(cases);
-}
 
 // Written from a record built member by member: a key bound to the wrong
 // member would round-trip unnoticed, but not survive this.
 TEST(DeviceRecords, BuiltRecordGivesTheTableBytes) {
-  EXPECT_EQ(orvanta::json::encode(connect_device_codec(), device_record()), kDevice);
-  EXPECT_EQ(orvanta::json::decode(connect_device_codec(), kDevice), device_record());
-  ConnectClusterResponse cluster;
-  cluster.active_device_id = "d1";
-  cluster.devices = {device_record(), device_record()};
-  EXPECT_EQ(orvanta::json::encode(connect_cluster_response_codec(), cluster), kCluster);
-  EXPECT_EQ(orvanta::json::encode(hifi_support_codec(), HifiSupport{false, true, true}),
-            R"({"fully_supported":false,"user_eligible":true,"device_supported":true})");
-}
-
-// A hifi flag sent as a plain boolean is a protocol error, not a shortcut.
-TEST(DeviceRecords, HifiSupportIsARecordNotABool) {
-  std::string text = kMinimalCapabilities;
-  const std::string hifi = R"({"fully_supported":false,"user_eligible":false,"device_supported":false})";
-  text.replace(text.find(hifi), hifi.size(), "true");
-  EXPECT_EQ(decode_outcome(device_capabilities_codec(), text), "error: Unexpected input");
-}
-
-// One incomplete device spoils the whole cluster.
-TEST(DeviceRecords, DeviceWithoutVolumeSpoilsTheCluster) {
-  std::string device = kDevice;
-  const std::string volume = R"("volume":-3,)";
-  device.erase(device.find(volume), volume.size());
-  const std::string cluster = R"({"active_device_id":"d1","devices":[)" + kDevice + "," + device + "]}";
-  EXPECT_EQ(decode_outcome(connect_cluster_response_codec(), cluster), "error: Missing required field(s)");
+  using orvanta::test::check_record;
+  check_record(connect_device_codec, device_record(), kDevice, "capabilities volume");
+  check_record(connect_cluster_response_codec, {"d1", {device_record(), device_record()}}, kCluster,
+               "active_device_id devices");
+  check_record(hifi_support_codec, {false, true, true},
+               R"({"fully_supported":false,"user_eligible":true,"device_supported":true})", "device_supported");
+  orvanta::test::check_wire_case({"DeviceCapabilities", runner(device_capabilities_codec),
+                                  kCapabilities, "disallow_reasons supports_hifi supports_external_episodes"});
 }
 
 }  // namespace

@@ -91,7 +91,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <stdexcept>
 #include <memory>
 #include <optional>
 #include <string>
@@ -226,20 +226,13 @@ class WholeOptionalField final : public FieldCodec<R> {
   C codec_;
 };
 
-// The required bit set: one word up to 64 fields, a heap byte vector beyond.
+// The required keys seen so far, one bit each: a record has at most 64.
+inline constexpr std::size_t max_required_fields = 64;
+
 class RequiredBits {
  public:
-  explicit RequiredBits(std::size_t count)
-      : bytes_(count > 64 ? std::make_unique<std::uint8_t[]>((count + 7) / 8) : nullptr) {}
-
   // Sets bit `i`; true if it was clear.
   bool set(std::size_t i) noexcept {
-    if (bytes_) {
-      const auto bit = static_cast<std::uint8_t>(1U << (i % 8));
-      const bool was_clear = (bytes_[i / 8] & bit) == 0;
-      bytes_[i / 8] = static_cast<std::uint8_t>(bytes_[i / 8] | bit);
-      return was_clear;
-    }
     const std::uint64_t bit = std::uint64_t{1} << i;
     const bool was_clear = (word_ & bit) == 0;
     word_ |= bit;
@@ -248,7 +241,6 @@ class RequiredBits {
 
  private:
   std::uint64_t word_ = 0;
-  std::unique_ptr<std::uint8_t[]> bytes_;
 };
 
 }  // namespace detail
@@ -305,30 +297,23 @@ class ObjectCodec {
     insert_field(key, std::move(field), is_required);
   }
 
-  // Builds new records with `factory` instead of value-initialising them.
-  void set_factory(std::function<R()> factory) { factory_ = std::move(factory); }
-
   // Throws decode_exception ("Unexpected end of input", "Unexpected input",
   // "Missing required field(s)", and those of the value codecs).
   R decode(DecodeContext& context) const {
-    R record = factory_ ? factory_() : R();
+    R record{};
     decode_into(context, record);
     return record;
   }
 
-  // Decodes a new record into `slot`, a value-initialised record (the
-  // factory's record replaces it when there is a factory).
-  void decode_new(DecodeContext& context, R& slot) const {
-    if (factory_) slot = factory_();
-    decode_into(context, slot);
-  }
+  // Decodes a new record into `slot`, a value-initialised record.
+  void decode_new(DecodeContext& context, R& slot) const { decode_into(context, slot); }
 
   // Decodes into `record`, leaving members the input doesn't mention as
   // they are. A failure leaves the record partly filled.
   void decode_into(DecodeContext& context, R& record) const {
     if (context.position == context.end) fail(context, "Unexpected end of input");
     if (*context.position++ != '{') fail(context, "Unexpected input", -1);
-    detail::RequiredBits seen(required_count_);
+    detail::RequiredBits seen;
     std::size_t seen_count = 0;
     std::string scratch;
     skip_whitespace(context);
@@ -377,6 +362,9 @@ class ObjectCodec {
   };
 
   void insert_field(std::string_view key, std::shared_ptr<const FieldCodec<R>> field, bool is_required) {
+    if (is_required && required_count_ == detail::max_required_fields) {
+      throw std::length_error("a record has at most 64 required fields");
+    }
     if (!by_key_.insert(key)) return;
     fields_.push_back(Entry{detail::finished_key_text(key), std::move(field)});
     if (is_required) ++required_count_;
@@ -385,7 +373,6 @@ class ObjectCodec {
   std::vector<Entry> fields_;
   detail::KeyIndex by_key_;  // key -> index into fields_
   std::size_t required_count_ = 0;
-  std::function<R()> factory_;
 };
 
 }  // namespace orvanta::json

@@ -132,14 +132,6 @@ TEST(ObjectCodec, AWrongTypeFailsInTheValueDecoder) {
   EXPECT_DECODE_ERROR(play_codec(), R"({"context":"c","attribution":null})", "Unexpected input", 29u);
 }
 
-TEST(ObjectCodec, FactoryMakesNewRecords) {
-  ObjectCodec<Pair> defaults;
-  defaults.add_field("a", defaulted, &Pair::a);
-  defaults.set_factory([] { return Pair{"default-a", "default-b"}; });
-  EXPECT_EQ(decode(defaults, "{}"), (Pair{"default-a", "default-b"}));
-  EXPECT_EQ(decode(defaults, R"({"a":"x"})"), (Pair{"x", "default-b"}));
-}
-
 TEST(ObjectCodec, CopiesShareTheFieldTable) {
   const ObjectCodec<Pair> first = pair_codec();
   ObjectCodec<Pair> copy = first;

@@ -33,10 +33,6 @@ pid_t handler_once_spawned() {
   return -1;
 }
 
-std::unique_ptr<CrashReportDatabase> database_below(const TempDir& dir) {
-  return CrashReportDatabase::initialize(dir.path() + "/data/Crashpad");
-}
-
 TEST(CrashReporterStart, EmptyUploadUrlDisablesUploadsWhileTheHandlerStarts) {
   TempDir dir;
   auto& reporter = CrashReporter::instance();
@@ -45,12 +41,12 @@ TEST(CrashReporterStart, EmptyUploadUrlDisablesUploadsWhileTheHandlerStarts) {
   pid_t first = handler_once_spawned();
   ASSERT_GT(first, 0);
   EXPECT_EQ(kill(first, 0), 0);
-  auto database = database_below(dir);
+  auto database = CrashReportDatabase::initialize(dir.path() + "/data/Crashpad");
   EXPECT_FALSE(database->settings()->uploads_enabled());
 
   config.upload_url = "https://crash.invalid/upload";
   ASSERT_TRUE(reporter.start(config));
-  auto reopened = database_below(dir);
+  auto reopened = CrashReportDatabase::initialize(dir.path() + "/data/Crashpad");
   EXPECT_TRUE(reopened->settings()->uploads_enabled());
   EXPECT_EQ(reopened->settings()->client_id(), database->settings()->client_id());
   EXPECT_NE(handler_once_spawned(), first);

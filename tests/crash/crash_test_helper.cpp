@@ -23,7 +23,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <dlfcn.h>
 #include <string_view>
 #include <sys/mman.h>
 #include <sys/resource.h>
@@ -40,23 +39,11 @@ using orvanta::crash::CrashReporter;
 volatile std::uintptr_t g_fault_address = 0x10;
 volatile int g_zero = 0;
 
-void print_offset(const char* name, const void* function) {
-  Dl_info info{};
-  dladdr(function, &info);
-  std::printf("%s %zx\n", name,
-              reinterpret_cast<std::uintptr_t>(function) -
-                  reinterpret_cast<std::uintptr_t>(info.dli_fbase));
-}
-
 ORVANTA_UNCHECKED void write_to_fault_address() {
   *reinterpret_cast<volatile int*>(g_fault_address) = 1;
 }
 
 ORVANTA_UNCHECKED void crash_by_segv() {
-  std::printf("fault_address %zx\n", static_cast<std::size_t>(g_fault_address));
-  print_offset("fault_function", reinterpret_cast<const void*>(&write_to_fault_address));
-  print_offset("caller_function", reinterpret_cast<const void*>(&crash_by_segv));
-  std::fflush(stdout);
   write_to_fault_address();
   std::puts("survived");
 }
@@ -66,8 +53,6 @@ ORVANTA_UNCHECKED void crash_by_bus() {
   if (fd < 0 || ftruncate(fd, 4096) != 0) std::abort();
   void* page = mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0);
   if (page == MAP_FAILED || ftruncate(fd, 0) != 0) std::abort();
-  std::printf("fault_address %zx\n", reinterpret_cast<std::uintptr_t>(page));
-  std::fflush(stdout);
   *static_cast<volatile char*>(page) = 1;  // the page no longer has a file behind it
   std::puts("survived");
 }
@@ -110,25 +95,15 @@ bool start_reporter(const char* handler_dir) {
   return CrashReporter::instance().start(config);
 }
 
-// The handler is spawned just after the start returns; this waits for it.
-pid_t started_handler() {
-  auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-  while (std::chrono::steady_clock::now() < deadline) {
-    pid_t pid = CrashReporter::instance().handler_pid();
-    if (pid > 0) return pid;
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  }
-  return -1;
-}
-
-// The watcher restarts a dead handler after a pause; this waits for it.
-pid_t replace_handler(pid_t old_pid) {
-  kill(old_pid, SIGKILL);
+// The handler is spawned just after the start returns, and the watcher
+// restarts a dead one after a pause; this waits for a handler other than
+// `old_pid`.
+pid_t handler_other_than(pid_t old_pid) {
   auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
   while (std::chrono::steady_clock::now() < deadline) {
     pid_t pid = CrashReporter::instance().handler_pid();
     if (pid > 0 && pid != old_pid) return pid;
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
   return -1;
 }
@@ -150,11 +125,12 @@ int main(int argc, char** argv) {
   std::string_view mode = argv[2];
   bool started = start_reporter(argv[1]);
   std::printf("started %d\nhandler %d\npid %d\n", started ? 1 : 0,
-              static_cast<int>(started ? started_handler() : -1),
+              static_cast<int>(started ? handler_other_than(-1) : -1),
               static_cast<int>(getpid()));
   if (mode == "restart") {
-    std::printf("replacement %d\n",
-                static_cast<int>(replace_handler(CrashReporter::instance().handler_pid())));
+    pid_t handler = CrashReporter::instance().handler_pid();
+    kill(handler, SIGKILL);
+    std::printf("replacement %d\n", static_cast<int>(handler_other_than(handler)));
     mode = "segv";
   }
   std::fflush(stdout);

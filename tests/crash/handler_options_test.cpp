@@ -18,12 +18,7 @@ std::optional<HandlerOptions> parse(std::vector<std::string> line) {
 TEST(HandlerCommandLine, IsReadBackByTheHandlerAsWritten) {
   HandlerLaunch launch{"/opt/orvanta/crashpad_handler", "/db", "/metrics", "https://u",
                        {{"k", "v=w"}, {"product", "orvanta"}}, {"--no-rate-limit"}};
-  std::vector<std::string> line = handler_command_line(launch, 42);
-  EXPECT_EQ(line, (std::vector<std::string>{
-                      "/opt/orvanta/crashpad_handler", "--database=/db", "--metrics-dir=/metrics",
-                      "--url=https://u", "--annotation=k=v=w", "--annotation=product=orvanta",
-                      "--no-rate-limit", "--client-fd=3", "--client-pid=42"}));
-  auto options = parse(line);
+  auto options = parse(handler_command_line(launch, 42));
   ASSERT_TRUE(options);
   EXPECT_EQ(options->database, "/db");
   EXPECT_EQ(options->metrics_dir, "/metrics");
@@ -44,9 +39,11 @@ TEST(HandlerCommandLine, RefusesUnknownMalformedOrMissingOptions) {
     line.push_back(bad);
     EXPECT_FALSE(parse(line)) << bad;
   }
-  EXPECT_FALSE(parse({"h", "--client-fd=3", "--client-pid=7"}));
-  EXPECT_FALSE(parse({"h", "--database=/db", "--client-pid=7"}));
-  EXPECT_FALSE(parse({"h", "--database=/db", "--client-fd=3"}));
+  for (std::size_t missing = 1; missing < good.size(); ++missing) {
+    auto line = good;
+    line.erase(line.begin() + static_cast<std::ptrdiff_t>(missing));
+    EXPECT_FALSE(parse(line)) << good[missing];
+  }
 }
 
 }  // namespace

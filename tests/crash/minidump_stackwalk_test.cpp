@@ -2,16 +2,16 @@
 // minidump_stackwalk, which scripts/install-deps fetches. Without them the
 // tests skip, saying so.
 
-#include "crash/store/file_io.hpp"
 #include "tests/crash/test_support.hpp"
+#include "tests/support/process.hpp"
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <exception>
 #include <filesystem>
+#include <fstream>
 #include <sstream>
 #include <unistd.h>
 
@@ -20,38 +20,15 @@ namespace {
 
 const std::string kTools = ORVANTA_MINIDUMP_TOOLS;
 
-// stdout of a shell command; stderr is dropped.
-std::string output_of(const std::string& command) {
-  std::string text;
-  FILE* pipe = popen((command + " 2>/dev/null").c_str(), "r");
-  if (pipe == nullptr) return text;
-  char buffer[4096];
-  for (std::size_t got; (got = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;) {
-    text.append(buffer, got);
-  }
-  pclose(pipe);
-  return text;
-}
-
-std::vector<std::string> split(const std::string& line, char separator) {
-  std::vector<std::string> fields;
-  std::istringstream in(line);
-  for (std::string field; std::getline(in, field, separator);) fields.push_back(field);
-  if (!line.empty() && line.back() == separator) fields.emplace_back();
-  return fields;
-}
-
 // The symbols of `module` in a store laid out as the reader looks them up:
 // NAME/ID/NAME.sym. Returns the module's id, empty on failure.
 std::string add_symbols(const std::string& store, const std::string& module) {
-  std::string symbols = output_of("'" + kTools + "/dump_syms' '" + module + "'");
-  std::istringstream first(symbols.substr(0, symbols.find('\n')));
+  std::string symbols = testing::run_process(kTools + "/dump_syms", {module}).out;
+  std::istringstream first(symbols);
   std::string word, os, arch, id, name;
   if (!(first >> word >> os >> arch >> id >> name) || word != "MODULE") return {};
   std::filesystem::create_directories(store + "/" + name + "/" + id);
-  std::FILE* file = std::fopen((store + "/" + name + "/" + id + "/" + name + ".sym").c_str(), "w");
-  std::fwrite(symbols.data(), 1, symbols.size(), file);
-  std::fclose(file);
+  std::ofstream(store + "/" + name + "/" + id + "/" + name + ".sym") << symbols;
   return id;
 }
 
@@ -69,48 +46,18 @@ std::string make_symbol_store(const std::string& store) {
   return add_symbols(store, helper_path());
 }
 
-struct Frame {
-  std::string module, function, file;
-  int line = 0;
-};
-
-// minidump_stackwalk's machine-readable output, taken apart.
-struct Walk {
-  std::string reason;
-  int crashing_thread = -1;
-  std::map<std::string, std::string> module_ids;  // by module name
-  std::map<int, std::vector<Frame>> threads;
-};
-
-Walk walk(const std::string& dump, const std::string& store) {
-  Walk result;
+// minidump_stackwalk's machine-readable output, one row of '|'-separated
+// fields a line.
+std::vector<std::vector<std::string>> walk(const std::string& dump, const std::string& store) {
   std::istringstream lines(
-      output_of("'" + kTools + "/minidump_stackwalk' -m '" + dump + "' '" + store + "'"));
+      testing::run_process(kTools + "/minidump_stackwalk", {"-m", dump, store}).out);
+  std::vector<std::vector<std::string>> rows;
   for (std::string line; std::getline(lines, line);) {
-    auto f = split(line, '|');
-    if (f.size() >= 4 && f[0] == "Crash") {
-      result.reason = f[1];
-      result.crashing_thread = std::atoi(f[3].c_str());
-    } else if (f.size() >= 5 && f[0] == "Module") {
-      result.module_ids[f[1]] = f[4];
-    } else if (f.size() >= 7 && !f[0].empty() &&
-               std::isdigit(static_cast<unsigned char>(f[0][0]))) {
-      Frame frame{f[2], f[3], f[4], std::atoi(f[5].c_str())};
-      result.threads[std::atoi(f[0].c_str())].push_back(frame);
-    }
+    std::istringstream in(line);
+    rows.emplace_back();
+    for (std::string field; std::getline(in, field, '|');) rows.back().push_back(field);
   }
-  return result;
-}
-
-// Whether `function` is among the top frames, named with our file and a line.
-bool names_in_top_frames(const std::vector<Frame>& frames, const std::string& function) {
-  for (std::size_t i = 0; i < frames.size() && i < 6; ++i) {
-    const Frame& f = frames[i];
-    if (f.function == function && f.file.ends_with("/crash_test_helper.cpp") && f.line > 0) {
-      return true;
-    }
-  }
-  return false;
+  return rows;
 }
 
 struct Case {
@@ -157,20 +104,31 @@ TEST_P(Stackwalk, NamesTheCrashTheThreadAndTheFunctionWithItsLine) {
   std::string dump = only_pending_dump(dir.path() + "/com.orvanta.client/Crashpad");
   ASSERT_FALSE(dump.empty());
 
-  Walk w = walk(dump, dir.path() + "/symbols");
-  EXPECT_EQ(w.reason, c.reason);
-  ASSERT_GE(w.crashing_thread, 0);
-  EXPECT_TRUE(names_in_top_frames(w.threads[w.crashing_thread], c.function)) << c.function;
-  if (c.other_function != nullptr) {
-    bool found = false;
-    for (const auto& [index, frames] : w.threads) {
-      if (index == w.crashing_thread) continue;
-      for (const Frame& frame : frames) found = found || frame.function == c.other_function;
+  // The crash line and the modules come before the threads' frames:
+  // "THREAD|FRAME|MODULE|FUNCTION|FILE|LINE|OFFSET".
+  std::string reason, crashing_thread;
+  std::map<std::string, std::string> module_ids;
+  bool named = false;
+  bool other_found = false;
+  for (const auto& f : walk(dump, dir.path() + "/symbols")) {
+    if (f.size() >= 4 && f[0] == "Crash") {
+      reason = f[1];
+      crashing_thread = f[3];
+    } else if (f.size() >= 5 && f[0] == "Module") {
+      module_ids[f[1]] = f[4];
+    } else if (f.size() >= 7 && f[0] == crashing_thread) {
+      named = named || (std::atoi(f[1].c_str()) < 6 && f[3] == c.function &&
+                        f[4].ends_with("/crash_test_helper.cpp") && std::atoi(f[5].c_str()) > 0);
+    } else if (f.size() >= 7 && c.other_function != nullptr) {
+      other_found = other_found || f[3] == c.other_function;
     }
-    EXPECT_TRUE(found) << "the waiting thread, read with ptrace";
   }
-  EXPECT_EQ(w.module_ids["crash_test_helper"], id);
-  EXPECT_FALSE(w.module_ids["libc.so.6"].empty());
+  EXPECT_EQ(reason, c.reason);
+  ASSERT_FALSE(crashing_thread.empty());
+  EXPECT_TRUE(named) << c.function << " with our file and a line, in the top frames";
+  EXPECT_TRUE(c.other_function == nullptr || other_found) << "the waiting thread, read with ptrace";
+  EXPECT_EQ(module_ids["crash_test_helper"], id);
+  EXPECT_FALSE(module_ids["libc.so.6"].empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -1,49 +1,20 @@
 #include "tests/crash/test_support.hpp"
 
 #include "crash/store/file_io.hpp"
+#include "tests/support/process.hpp"
 
 #include <cerrno>
-#include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <poll.h>
-#include <spawn.h>
 #include <sstream>
 #include <sys/prctl.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-extern char** environ;
-
 namespace orvanta::crash::test {
-namespace {
-
 constexpr int kBoundMs = 60000;
-
-// getenv() takes the first of two entries with one name, so `extra` goes
-// first.
-std::vector<std::string> helper_environment(const std::string& data_home,
-                                            const std::vector<std::string>& extra) {
-  std::vector<std::string> env(extra);
-  env.push_back("XDG_DATA_HOME=" + data_home);
-  for (char** entry = environ; *entry != nullptr; ++entry) {
-    std::string_view text = *entry;
-    if (text.starts_with("XDG_DATA_HOME=") || text.starts_with("TEAMCITY_BUILD_ID=")) continue;
-    env.emplace_back(text);
-  }
-  return env;
-}
-
-std::vector<char*> pointers(std::vector<std::string>& texts) {
-  std::vector<char*> list;
-  for (std::string& text : texts) list.push_back(text.data());
-  list.push_back(nullptr);
-  return list;
-}
-
-}  // namespace
 
 TempDir::TempDir() {
   std::string pattern = (std::filesystem::temp_directory_path() / "orvanta-crash-XXXXXX").string();
@@ -75,24 +46,15 @@ HelperProcess::HelperProcess(const std::string& mode, const std::string& work_di
 HelperProcess::HelperProcess(std::vector<std::string> args, const std::string& work_dir,
                              const std::vector<std::string>& extra_env) {
   prctl(PR_SET_CHILD_SUBREAPER, 1);
-  int in[2];
-  int out[2];
-  if (pipe2(in, O_CLOEXEC) != 0 || pipe2(out, O_CLOEXEC) != 0) return;
+  auto in = testing::make_pipe();
+  auto out = testing::make_pipe();
   stderr_path_ = work_dir + "/helper.stderr";
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_adddup2(&actions, in[0], 0);
-  posix_spawn_file_actions_adddup2(&actions, out[1], 1);
-  posix_spawn_file_actions_addopen(&actions, 2, stderr_path_.c_str(), O_WRONLY | O_CREAT, 0600);
-  posix_spawn_file_actions_addchdir_np(&actions, work_dir.c_str());
-  std::vector<std::string> env = helper_environment(work_dir, extra_env);
-  if (posix_spawn(&pid_, args[0].c_str(), &actions, nullptr, pointers(args).data(),
-                  pointers(env).data()) != 0) {
-    pid_ = -1;
-  }
-  posix_spawn_file_actions_destroy(&actions);
-  close(in[0]);
-  close(out[1]);
+  int err = open(stderr_path_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+  std::vector<std::string> env = extra_env;
+  env.push_back("XDG_DATA_HOME=" + work_dir);
+  pid_ = testing::spawn(args[0], args, testing::environment_with(env, {"XDG_DATA_HOME", "TEAMCITY_BUILD_ID"}),
+                        {in[0], out[1], err}, work_dir);
+  for (int fd : {in[0], out[1], err}) close(fd);
   stdin_fd_ = in[1];
   stdout_fd_ = out[0];
 }

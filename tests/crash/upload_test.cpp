@@ -4,53 +4,34 @@
 
 #include "crash/store/file_io.hpp"
 #include "tests/crash/test_support.hpp"
+#include "tests/support/process.hpp"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <curl/curl.h>
-#include <fcntl.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-extern char** environ;
 
 namespace orvanta::crash {
 namespace {
 
 using test::TempDir;
 
-// The server runs until its stdin closes.
+// The server runs until its stdin closes. Its stdout stays open as long as
+// it runs, so that nothing it writes after the port meets a closed pipe.
 class UploadServer {
  public:
   explicit UploadServer(const std::string& dir) {
-    int in[2], out[2];
-    if (pipe2(in, O_CLOEXEC) != 0 || pipe2(out, O_CLOEXEC) != 0) return;
-    // Out of the way of 0, 1 and 2, which the test runner may have closed.
-    for (int* fd : {&in[0], &in[1], &out[0], &out[1]}) {
-      int moved = fcntl(*fd, F_DUPFD_CLOEXEC, 10);
-      close(*fd);
-      *fd = moved;
-    }
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, in[0], 0);
-    posix_spawn_file_actions_adddup2(&actions, out[1], 1);
-    std::string script = ORVANTA_SOURCE_DIR "/tests/crash/upload_server.py";
-    std::vector<char*> argv{const_cast<char*>("python3"), script.data(),
-                            const_cast<char*>(dir.c_str()), nullptr};
-    if (posix_spawnp(&pid_, "python3", &actions, nullptr, argv.data(), environ) != 0) pid_ = -1;
-    posix_spawn_file_actions_destroy(&actions);
+    auto in = testing::make_pipe();
+    auto out = testing::make_pipe();
+    pid_ = testing::spawn("python3", {"python3", ORVANTA_SOURCE_DIR "/tests/crash/upload_server.py", dir},
+                          testing::environment_with({}), {in[0], out[1], STDERR_FILENO});
     close(in[0]);
     close(out[1]);
     stdin_ = in[1];
-    // The server's stdout stays open as long as it runs, so that nothing it
-    // writes after the port meets a closed pipe.
     stdout_ = out[0];
     std::string line;
-    char c = 0;
-    while (read(stdout_, &c, 1) == 1 && c != '\n') line += c;
+    for (char c = 0; read(stdout_, &c, 1) == 1 && c != '\n';) line += c;
     port_ = std::atoi(line.c_str());
   }
   ~UploadServer() {
@@ -58,9 +39,7 @@ class UploadServer {
     close(stdout_);
     if (pid_ > 0) waitpid(pid_, nullptr, 0);
   }
-  std::string url(const char* path) const {
-    return "http://127.0.0.1:" + std::to_string(port_) + path;
-  }
+  std::string url(const char* path) const { return "http://127.0.0.1:" + std::to_string(port_) + path; }
 
  private:
   pid_t pid_ = -1;
@@ -91,7 +70,7 @@ class Upload : public ::testing::Test {
 constexpr std::int64_t kNow = 1700000000;
 
 TEST_F(Upload, PostsTheFormAndCompletesTheReportWithTheServersId) {
-  std::string dump = store("r1");
+  EXPECT_EQ(store("r1"), dir.path() + "/db/pending/r1.dmp");
   EXPECT_EQ(upload_pending_reports(*database, server.url("/ok"), true, kNow), 1u);
   EXPECT_EQ(request(1), "field product=orvanta\nfield ptype=orvanta_cli\nfield guid=" +
                             database->settings()->client_id() +
@@ -99,7 +78,8 @@ TEST_F(Upload, PostsTheFormAndCompletesTheReportWithTheServersId) {
   EXPECT_TRUE(database->pending_reports().empty());
   auto completed = database->completed_reports();
   ASSERT_EQ(completed.size(), 1u);
-  EXPECT_EQ(CrashReportDatabase::metadata_of(completed[0])->server_report_id, "report-1");
+  EXPECT_EQ(CrashReportDatabase::metadata_of(completed[0]),
+            (ReportMetadata{{{"product", "orvanta"}, {"ptype", "orvanta_cli"}}, "report-1"}));
   EXPECT_EQ(database->settings()->last_upload_attempt(), kNow);
 }
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "cli/help.hpp"
-#include "tests/support/process.hpp"
+#include "tests/support/cli_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
@@ -43,45 +43,47 @@ const char* const kVersionJson =
     R"({"cli":"1.2.93.667","tetherkit":"v0.10.451","tetherkit_hash":"1ab97e21337b","podroom":"0.1.3"})"
     "\n";
 
-void expect_run(const std::vector<std::string>& args, const std::string& out, const std::string& err, int status) {
-  ProcessResult r = run_cli(args);
-  std::string shown;
-  for (const auto& a : args) shown += " [" + a + "]";
-  EXPECT_EQ(r.out, out) << shown;
-  EXPECT_EQ(r.err, err) << shown;
-  EXPECT_EQ(r.status, status) << shown;
+void expect_runs(const std::vector<CliCase>& cases) {
+  expect_cases(cases, [](const std::vector<std::string>& args) { return run_cli(args); });
 }
 
-TEST(FrontEnd, UsagePageOnStdout) {
-  // No arguments is a usage failure: the page, but status 1.
-  expect_run({}, kTopPage, "", 1);
-  // Asked for, the same page is a success.
-  expect_run({"-h"}, kTopPage, "", 0);
-  expect_run({"--help"}, kTopPage, "", 0);
-  // An empty word is a word: it names no command, so the usage page.
-  expect_run({""}, kTopPage, "", 1);
-  // Help on a word that names nothing is the top page, and still a success.
-  expect_run({"nosuch", "--help"}, kTopPage, "", 0);
+TEST(FrontEnd, PagesAndStatuses) {
+  const std::string not_running = "Orvanta desktop client is not running\n";
+  expect_runs({
+      // No arguments is a usage failure: the page, but status 1.
+      {{}, kTopPage, "", 1},
+      // Asked for, the same page is a success.
+      {{"-h"}, kTopPage, "", 0},
+      {{"--help"}, kTopPage, "", 0},
+      // Help on a word that names nothing is the top page, and still a success.
+      {{"nosuch", "--help"}, kTopPage, "", 0},
+      {{"nosuch"}, "", unknown_page("nosuch"), 1},
+      // There is no help command.
+      {{"help"}, "", unknown_page("help"), 1},
+      // A global flag before the command word is taken as the command word.
+      {{"--format", "json", "status"}, "", unknown_page("--format"), 1},
+      // A usage error: the message, then the page; the messages themselves
+      // are pinned by the recognizer's tests.
+      {{"search", "q", "--limit", "0"}, kTopPage, "Error: --limit requires a positive integer, got '0'\n\n", 1},
+      {{"navigate", "orvanta:a", "--bogus"}, kTopPage, "Error: unknown navigate option '--bogus'\n\n", 1},
+      // A search whose query looks like a flag is a bare usage failure.
+      {{"search", "--limit"}, kTopPage, "", 1},
+      {{"play", "--help", "--version"}, kVersionText, "", 0},
+      {{"nosuch", "--version"}, kVersionText, "", 0},
+      {{"version", "--format", "json"}, kVersionJson, "", 0},
+      {{"version", "--format", "JSON"}, kVersionText, "", 0},
+      // Without a desktop client, commands say it is not running; `play`
+      // with a bad flag resumes, and resuming needs the client.
+      {{"pause"}, "", not_running, 1},
+      {{"play", "--nonsense"}, "", not_running, 1},
+      // Commands that do not need the client still work.
+      {{"open"}, "", "", 0},
+      {{"navigate", "orvanta:album:xyz", "--format", "json"}, "", "", 0},
+  });
 }
 
-TEST(FrontEnd, UnknownCommandPageOnStderr) {
-  expect_run({"nosuch"}, "", unknown_page("nosuch"), 1);
-  // There is no help command.
-  expect_run({"help"}, "", unknown_page("help"), 1);
-  // A global flag before the command word is taken as the command word.
-  expect_run({"--format", "json"}, "", unknown_page("--format"), 1);
-  expect_run({"--format", "json", "status"}, "", unknown_page("--format"), 1);
-}
-
-// The messages themselves are pinned by the recognizer's tests.
-TEST(FrontEnd, UsageErrorsShowTheMessageThenThePage) {
-  expect_run({"search", "q", "--limit", "0"}, kTopPage, "Error: --limit requires a positive integer, got '0'\n\n", 1);
-  expect_run({"navigate", "orvanta:a", "--bogus"}, kTopPage, "Error: unknown navigate option '--bogus'\n\n", 1);
-  // A search whose query looks like a flag is a bare usage failure.
-  expect_run({"search", "--limit"}, kTopPage, "", 1);
-}
-
-TEST(FrontEnd, HelpWinsOverEverythingButVersion) {
+// Help wins over everything but --version.
+TEST(FrontEnd, HelpWinsOverBadFlagsAndWords) {
   ProcessResult help = run_cli({"search", "--limit", "x", "--help"});
   EXPECT_EQ(help.status, 0);
   EXPECT_EQ(help.err, "");
@@ -90,24 +92,6 @@ TEST(FrontEnd, HelpWinsOverEverythingButVersion) {
   ProcessResult group = run_cli({"history", "nosuch", "--help"});
   EXPECT_EQ(group.status, 0);
   EXPECT_EQ(group.out.substr(0, group.out.find('\n')), "View your listening history");
-
-  expect_run({"play", "--help", "--version"}, kVersionText, "", 0);
-}
-
-TEST(FrontEnd, VersionInBothFormats) {
-  expect_run({"nosuch", "--version"}, kVersionText, "", 0);
-  expect_run({"version", "--format", "json"}, kVersionJson, "", 0);
-  expect_run({"version", "--format", "JSON"}, kVersionText, "", 0);
-}
-
-TEST(FrontEnd, WithoutDesktopClientCommandsSayItIsNotRunning) {
-  const std::string line = "Orvanta desktop client is not running\n";
-  expect_run({"pause"}, "", line, 1);
-  // `play` with a bad flag resumes, and resuming needs the client.
-  expect_run({"play", "--nonsense"}, "", line, 1);
-  // Commands that do not need the client still work.
-  expect_run({"open"}, "", "", 0);
-  expect_run({"navigate", "orvanta:album:xyz", "--format", "json"}, "", "", 0);
 }
 
 }  // namespace

@@ -105,12 +105,9 @@ for command in "${commands[@]}"; do
 done
 
 # --- fish: complete -C gives what the shell would offer -------------------
-fish_complete() {
-  fish --no-config -c 'source $argv[1]; complete -C"$argv[2]"' "$doc/completions/orvanta_cli.fish" "$1" |
-    cut -f1
-}
 fish -n "$doc/completions/orvanta_cli.fish" || fail "fish -n rejects the fish completion"
-got=$(fish_complete 'orvanta_cli pod shows ' | tr '\n' ' ')
+got=$(fish --no-config -c 'source $argv[1]; complete -C"$argv[2]"' "$doc/completions/orvanta_cli.fish" \
+  'orvanta_cli pod shows ' | cut -f1 | tr '\n' ' ')
 [ "$got" = 'create delete list ' ] || fail "fish completion of 'pod shows ': got '$got'"
 all=$(fish --no-config -c '
   source $argv[1]

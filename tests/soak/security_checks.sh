@@ -29,14 +29,13 @@ stop_sim() { kill "$sim" 2>/dev/null; wait "$sim" 2>/dev/null; }
 # 1. connect() only ever to 127.0.0.1: with the simulator, and with a
 #    desktop client process that listens outside the port range (the
 #    whole connect schedule over the range).
-start_sim
-strace -f -qq -e trace=connect -o "$work/connect" "$cli" status >/dev/null 2>&1
-stop_sim
-sim_port=7790 start_sim
-strace -f -qq -e trace=connect -o "$work/connect2" "$cli" status >/dev/null 2>&1
-stop_sim
-others=$(cat "$work/connect" "$work/connect2" | grep 'connect(' | grep -v 'inet_addr("127.0.0.1")' | grep -v 'sa_family=AF_UNIX' || true)
-count=$(cat "$work/connect" "$work/connect2" | grep -c 'inet_addr("127.0.0.1")')
+for port in 7768 7790; do
+  sim_port=$port start_sim
+  strace -f -qq -e trace=connect -o "$work/connect$port" "$cli" status >/dev/null 2>&1
+  stop_sim
+done
+others=$(cat "$work"/connect7* | grep 'connect(' | grep -v 'inet_addr("127.0.0.1")' | grep -v 'sa_family=AF_UNIX' || true)
+count=$(cat "$work"/connect7* | grep -c 'inet_addr("127.0.0.1")')
 if [ -z "$others" ] && [ "$count" -gt 1 ]; then result "connects only to 127.0.0.1 ($count connects)" ok
 else result "connects only to 127.0.0.1" "${others:-no connect seen}"; fi
 

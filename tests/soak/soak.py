@@ -48,21 +48,18 @@ def faults(rng, methods):
     if kind == "fail":
         cat = rng.choice(["", ":desktop_api", ":failure_source"])
         return ["--fail", "%s=%d%s" % (m, rng.choice(CODES if cat != ":failure_source" else range(1, 11)), cat)], kind
-    if kind == "delay":
-        return ["--delay", "%s=%d" % (m, rng.randrange(0, 1500))], kind
-    if kind == "hang":
-        return ["--hang", m], kind
-    if kind == "close":
-        return ["--close-after", str(rng.randrange(1, 4))], kind
-    if kind == "wrong-id":
-        return ["--wrong-id", m], kind
-    if kind in ("garbage", "oversize"):
-        return ["--garbage-frame", m + ("=stray" if kind == "garbage" else "=oversize")], kind
-    if kind == "spoil":
-        return ["--spoil-first-hello", rng.choice(["reject", "garbled", "bad-completion"])], kind
-    if kind in ("reject-hello", "silent-hello"):
-        return ["--" + kind], kind
-    return [], kind
+    make = {
+        "delay": lambda: ["--delay", "%s=%d" % (m, rng.randrange(0, 1500))],
+        "hang": lambda: ["--hang", m],
+        "close": lambda: ["--close-after", str(rng.randrange(1, 4))],
+        "wrong-id": lambda: ["--wrong-id", m],
+        "garbage": lambda: ["--garbage-frame", m + "=stray"],
+        "oversize": lambda: ["--garbage-frame", m + "=oversize"],
+        "spoil": lambda: ["--spoil-first-hello", rng.choice(["reject", "garbled", "bad-completion"])],
+        "reject-hello": lambda: ["--reject-hello"],
+        "silent-hello": lambda: ["--silent-hello"],
+    }
+    return make.get(kind, list)(), kind
 
 
 class Soak:
@@ -119,23 +116,18 @@ class Soak:
 
     def leftovers(self, tag):
         """Processes of run `tag` still alive a second after it ended."""
+        mark = ("ORVANTA_SOAK_RUN=" + tag).encode()
         for _ in range(20):
-            found = self.alive(tag)
+            found = []
+            for pid in filter(str.isdigit, os.listdir("/proc")):
+                try:
+                    if mark in open("/proc/%s/environ" % pid, "rb").read().split(b"\0"):
+                        found.append(open("/proc/%s/comm" % pid).read().strip())
+                except OSError:
+                    pass
             if not found:
-                return found
+                break
             time.sleep(0.05)
-        return found
-
-    def alive(self, tag):
-        found = []
-        for pid in os.listdir("/proc"):
-            if not pid.isdigit():
-                continue
-            try:
-                if ("ORVANTA_SOAK_RUN=" + tag).encode() in open("/proc/%s/environ" % pid, "rb").read().split(b"\0"):
-                    found.append(open("/proc/%s/comm" % pid).read().strip())
-            except OSError:
-                pass
         return found
 
     def methods_of(self, words):
@@ -150,12 +142,15 @@ class Soak:
         finally:
             self.stop_sim(sim)
         methods = {json.loads(line)["method"] for line in open(log)}
-        try:
-            json.loads(out)
-            is_json = True
-        except ValueError:
-            is_json = False
-        return (sorted(methods) or ["authorize_connection"]), is_json
+        return (sorted(methods) or ["authorize_connection"]), parses(out)
+
+
+def parses(text):
+    try:
+        json.loads(text)
+        return True
+    except ValueError:
+        return False
 
 
 def draw(rng):
@@ -177,10 +172,8 @@ def check(result, words, kind, flags, use_fds, clean_peak, json_capable):
     if took > bound:
         problems.append("took %.1f s" % took)
     allowed = set(ALLOWED_STATUS)
-    for f in flags:
-        m = re.match(r".*=(-?\d+)", f)
-        if flags[0] == "--fail" and m:
-            allowed.add(int(m.group(1)) & 255)
+    if flags and flags[0] == "--fail":
+        allowed.add(int(re.match(r".*=(-?\d+)", flags[1]).group(1)) & 255)
     if status not in allowed:
         problems.append("status %d" % status)
     for line in err.splitlines():
@@ -190,11 +183,8 @@ def check(result, words, kind, flags, use_fds, clean_peak, json_capable):
         lines = out.split("\n")
         if len(lines) != 2 or lines[1]:
             problems.append("json output is not one line")
-        else:
-            try:
-                json.loads(lines[0])
-            except ValueError:
-                problems.append("json output does not parse")
+        elif not parses(lines[0]):
+            problems.append("json output does not parse")
     if use_fds and clean_peak is not None and peak > clean_peak:
         problems.append("descriptors: %d, clean run %d" % (peak, clean_peak))
     return problems

@@ -7,7 +7,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -18,69 +17,88 @@ extern char** environ;
 namespace orvanta::testing {
 namespace {
 
-void drain(int fd, std::string& into, bool& open) {
-  std::array<char, 4096> buffer{};
-  ssize_t n = ::read(fd, buffer.data(), buffer.size());
-  if (n > 0) {
-    into.append(buffer.data(), static_cast<std::size_t>(n));
-  } else if (n == 0 || errno != EINTR) {
-    open = false;
-  }
+std::vector<char*> pointers(std::vector<std::string>& texts) {
+  std::vector<char*> list;
+  for (std::string& text : texts) list.push_back(text.data());
+  list.push_back(nullptr);
+  return list;
+}
+
+// Appends what `fd` has to `into`; false once it is at its end.
+bool drain(int fd, std::string& into) {
+  char buffer[4096];
+  ssize_t n = ::read(fd, buffer, sizeof buffer);
+  if (n > 0) into.append(buffer, static_cast<std::size_t>(n));
+  return n > 0 || (n < 0 && errno == EINTR);
 }
 
 }  // namespace
 
-ProcessResult run_process(const std::string& program, const std::vector<std::string>& args,
-                          const ProcessOptions& options) {
-  int out_pipe[2];
-  int err_pipe[2];
-  if (::pipe2(out_pipe, O_CLOEXEC) != 0 || ::pipe2(err_pipe, O_CLOEXEC) != 0) throw std::runtime_error("pipe");
+std::array<int, 2> make_pipe() {
+  int ends[2];
+  if (::pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("pipe");
+  std::array<int, 2> moved{};
+  for (int i = 0; i < 2; ++i) {
+    moved[i] = ::fcntl(ends[i], F_DUPFD_CLOEXEC, 10);
+    ::close(ends[i]);
+  }
+  return moved;
+}
 
+std::vector<std::string> environment_with(const std::vector<std::string>& extra,
+                                          const std::vector<std::string>& drop) {
+  std::vector<std::string> env(extra);
+  for (char** entry = environ; *entry != nullptr; ++entry) {
+    std::string text = *entry;
+    bool dropped = false;
+    for (const std::string& name : drop) dropped = dropped || text.starts_with(name + "=");
+    if (!dropped) env.push_back(text);
+  }
+  return env;
+}
+
+pid_t spawn(const std::string& program, std::vector<std::string> argv, std::vector<std::string> env,
+            std::array<int, 3> fds, const std::string& dir) {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_adddup2(&actions, out_pipe[1], STDOUT_FILENO);
-  posix_spawn_file_actions_adddup2(&actions, err_pipe[1], STDERR_FILENO);
-
-  std::vector<std::string> words{options.argv0.empty() ? program : options.argv0};
-  words.insert(words.end(), args.begin(), args.end());
-  std::vector<char*> argv;
-  for (auto& w : words) argv.push_back(w.data());
-  argv.push_back(nullptr);
-
-  std::vector<std::string> env_words;
-  for (char** e = environ; *e != nullptr; ++e) env_words.emplace_back(*e);
-  env_words.insert(env_words.end(), options.env.begin(), options.env.end());
-  std::vector<char*> envp;
-  for (auto& w : env_words) envp.push_back(w.data());
-  envp.push_back(nullptr);
-
-  pid_t pid = 0;
-  int rc = ::posix_spawn(&pid, program.c_str(), &actions, nullptr, argv.data(), envp.data());
-  posix_spawn_file_actions_destroy(&actions);
-  ::close(out_pipe[1]);
-  ::close(err_pipe[1]);
-  if (rc != 0) {
-    ::close(out_pipe[0]);
-    ::close(err_pipe[0]);
-    throw std::runtime_error("cannot start " + program);
-  }
-
-  ProcessResult result;
-  bool out_open = true;
-  bool err_open = true;
-  while (out_open || err_open) {
-    std::array<pollfd, 2> fds{pollfd{out_open ? out_pipe[0] : -1, POLLIN, 0},
-                              pollfd{err_open ? err_pipe[0] : -1, POLLIN, 0}};
-    if (::poll(fds.data(), fds.size(), -1) < 0) {
-      if (errno == EINTR) continue;
-      break;
+  for (int fd = 0; fd < 3; ++fd) {
+    if (fds[fd] < 0) {
+      posix_spawn_file_actions_addopen(&actions, fd, "/dev/null", fd == 0 ? O_RDONLY : O_WRONLY, 0);
+    } else {
+      posix_spawn_file_actions_adddup2(&actions, fds[fd], fd);
     }
-    if (out_open && fds[0].revents != 0) drain(out_pipe[0], result.out, out_open);
-    if (err_open && fds[1].revents != 0) drain(err_pipe[0], result.err, err_open);
   }
-  ::close(out_pipe[0]);
-  ::close(err_pipe[0]);
+  if (!dir.empty()) posix_spawn_file_actions_addchdir_np(&actions, dir.c_str());
+  pid_t pid = -1;
+  if (::posix_spawnp(&pid, program.c_str(), &actions, nullptr, pointers(argv).data(),
+                     pointers(env).data()) != 0) {
+    pid = -1;
+  }
+  posix_spawn_file_actions_destroy(&actions);
+  return pid;
+}
+
+ProcessResult run_process(const std::string& program, const std::vector<std::string>& args,
+                          const ProcessOptions& options) {
+  auto out = make_pipe();
+  auto err = make_pipe();
+  std::vector<std::string> argv{options.argv0.empty() ? program : options.argv0};
+  argv.insert(argv.end(), args.begin(), args.end());
+  pid_t pid = spawn(program, argv, environment_with(options.env), {-1, out[1], err[1]});
+  ::close(out[1]);
+  ::close(err[1]);
+  ProcessResult result;
+  bool out_open = pid > 0;
+  bool err_open = pid > 0;
+  while (out_open || err_open) {
+    pollfd fds[2] = {{out_open ? out[0] : -1, POLLIN, 0}, {err_open ? err[0] : -1, POLLIN, 0}};
+    if (::poll(fds, 2, -1) < 0 && errno != EINTR) break;
+    if (out_open && fds[0].revents != 0) out_open = drain(out[0], result.out);
+    if (err_open && fds[1].revents != 0) err_open = drain(err[0], result.err);
+  }
+  ::close(out[0]);
+  ::close(err[0]);
+  if (pid < 0) throw std::runtime_error("cannot start " + program);
 
   int status = 0;
   while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {

@@ -10,44 +10,55 @@ namespace {
 
 using Methods = std::vector<std::string>;
 
-TEST(DevicesCommands, ListShowsTheActiveDeviceWithItsMarkers) {
+// Info is text under --format json too, and leaves out the lines of details
+// the device doesn't have.
+TEST(DevicesCommands, ListMarksTheActiveDeviceAndInfoIsText) {
   Sim sim;
-  ProcessResult r = run_command({"devices"});
-  EXPECT_EQ(r.out,
-            "Devices in cluster:\n"
-            "\n"
-            "  \xe2\x96\xb6 Studio Desktop (computer)  vol 64  \xe2\x86\x90 active\n"
-            "    Kitchen Speaker (speaker)  vol 40\n"
-            "    Hallway Phone (smartphone)  vol 80\n");
-  EXPECT_EQ(r.err, "");
-  EXPECT_EQ(r.status, 0);
-
+  const std::string kitchen =
+      "Kitchen Speaker\n"
+      "  Type:      speaker\n"
+      "  Brand:     Loomtone\n"
+      "  Model:     LT-2 Mini\n"
+      "  Volume:    40/100\n"
+      "  Software:  7.4.1\n"
+      "  Device ID: 9e20b5d13a88\n";
+  expect_command_cases({
+      {{"devices"},
+       "Devices in cluster:\n"
+       "\n"
+       "  \xe2\x96\xb6 Studio Desktop (computer)  vol 64  \xe2\x86\x90 active\n"
+       "    Kitchen Speaker (speaker)  vol 40\n"
+       "    Hallway Phone (smartphone)  vol 80\n",
+       "", 0},
+      {{"devices", "info", "9e20b5d13a88"}, kitchen, "", 0},
+      {{"devices", "info", "9e20b5d13a88", "--format", "json"}, kitchen, "", 0},
+      {{"devices", "info", "4c1e9a7b2d6f"},
+       "Studio Desktop\n"
+       "  Type:      computer\n"
+       "  Volume:    64/100\n"
+       "  Software:  1.2.58.411\n"
+       "  Device ID: 4c1e9a7b2d6f\n",
+       "", 0},
+  });
   ProcessResult json = run_command({"devices", "list", "--format", "json"});
   EXPECT_EQ(json.out.substr(0, 64), R"({"active_device_id":"4c1e9a7b2d6f","devices":[{"device_id":"4c1e)");
   EXPECT_EQ(std::count(json.out.begin(), json.out.end(), '\n'), 1);
   EXPECT_EQ(json.status, 0);
 }
 
+// A device named by name or by id that becomes active is checked once.
 TEST(DevicesCommands, TransferToADeviceThatBecomesActiveChecksOnce) {
   Sim sim;
-  ProcessResult r = run_command({"devices", "transfer", "Kitchen Speaker"});
-  EXPECT_EQ(r.out, "Playback transferred\n");
-  EXPECT_EQ(r.status, 0);
-  EXPECT_EQ(after_handshake(sim), (Methods{"connect_transfer", "connect_cluster"}));
-
-  // Named by id, the device matches as well.
-  ProcessResult by_id = run_command({"devices", "transfer", "71f3c8e0a4b2"});
-  EXPECT_EQ(by_id.out, "Playback transferred\n");
-  EXPECT_EQ(after_handshake(sim), (Methods{"connect_transfer", "connect_cluster"}));
+  for (const std::string device : {"Kitchen Speaker", "71f3c8e0a4b2"}) {
+    expect_command_cases({{{"devices", "transfer", device}, "Playback transferred\n", "", 0}});
+    EXPECT_EQ(after_handshake(sim), (Methods{"connect_transfer", "connect_cluster"}));
+  }
 }
 
 TEST(DevicesCommands, TransferThatNeverShowsRetriesOnceAndStillSucceeds) {
   // Failed looks at the cluster count as "not yet active".
   Sim sim({"--fail", "connect_cluster=4"});
-  ProcessResult r = run_command({"devices", "transfer", "Kitchen Speaker"});
-  EXPECT_EQ(r.out, "Playback transferred\n");
-  EXPECT_EQ(r.err, "");
-  EXPECT_EQ(r.status, 0);
+  expect_command_cases({{{"devices", "transfer", "Kitchen Speaker"}, "Playback transferred\n", "", 0}});
   EXPECT_EQ(after_handshake(sim), (Methods{"connect_transfer", "connect_cluster", "connect_cluster",
                                            "connect_cluster", "connect_transfer"}));
 }
@@ -72,27 +83,6 @@ TEST(DevicesCommands, VolumeKeepsOnlyTheIntegerPart) {
                                                       R"({"device_id":"","volume":0})",
                                                       R"({"device_id":"Kitchen Speaker","volume":1})",
                                                   }));
-}
-
-TEST(DevicesCommands, InfoIsTextInBothModes) {
-  Sim sim;
-  const std::string kitchen =
-      "Kitchen Speaker\n"
-      "  Type:      speaker\n"
-      "  Brand:     Loomtone\n"
-      "  Model:     LT-2 Mini\n"
-      "  Volume:    40/100\n"
-      "  Software:  7.4.1\n"
-      "  Device ID: 9e20b5d13a88\n";
-  EXPECT_EQ(run_command({"devices", "info", "9e20b5d13a88"}).out, kitchen);
-  EXPECT_EQ(run_command({"devices", "info", "9e20b5d13a88", "--format", "json"}).out, kitchen);
-  // Optional lines stay out when the device has no such detail.
-  EXPECT_EQ(run_command({"devices", "info", "4c1e9a7b2d6f"}).out,
-            "Studio Desktop\n"
-            "  Type:      computer\n"
-            "  Volume:    64/100\n"
-            "  Software:  1.2.58.411\n"
-            "  Device ID: 4c1e9a7b2d6f\n");
 }
 
 }  // namespace

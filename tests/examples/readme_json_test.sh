@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # What README.md promises about --format json, tried against the simulator:
-# every command it lists between the json-commands markers prints only valid
-# JSON lines on stdout, and the exceptions it names behave as it says.
+# every command it lists between the json-commands markers prints one valid
+# JSON line on stdout. The exceptions it names are pinned byte for byte by
+# the command tests.
 #   readme_json_test.sh BUILD_DIR SOURCE_DIR
 set -uo pipefail
 build=$1
@@ -66,22 +67,6 @@ for command in "${order[@]}"; do
   [ "$(wc -l <<<"$out")" = 1 ] || fail "$command: want one line, got: $out"
   jq -e . <<<"$out" >/dev/null 2>&1 || fail "$command: not JSON: $out"
 done
-
-# library batch: a line per operation and a summary line, all JSON.
-out=$(echo '{"ops":[{"op":"library_add","uris":["orvanta:track:slowsnow"]},{"op":"library_contains","uris":["orvanta:track:slowsnow"]}]}' |
-  orvanta_cli library batch --format json)
-[ "$(jq -c . <<<"$out" | wc -l)" = 3 ] || fail "library batch: want three JSON lines, got: $out"
-# rondo permissions: text once it changes a setting.
-expect rondo-permissions-change "Queue-only mode: on
-Volume control: off" 0 orvanta_cli rondo permissions --queue-only on --volume-control off --format json
-# lookup: JSON beside the warning; status 1 only when nothing resolved.
-out=$(orvanta_cli lookup orvanta:track:nosuch --format json 2>"$work/stderr")
-status=$?
-[ $status -eq 1 ] && jq -e '.entities[0].uri == "orvanta:track:nosuch"' <<<"$out" >/dev/null &&
-  grep -qx 'warning: could not resolve orvanta:track:nosuch' "$work/stderr" ||
-  fail "lookup of an unresolved URI: status $status, stdout '$out', stderr '$(cat "$work/stderr")'"
-orvanta_cli rondo end >/dev/null
-expect rondo-members-inactive "No active Rondo session" 0 orvanta_cli rondo members --format json
 
 echo "$failures failure(s)"
 [ "$failures" -eq 0 ]

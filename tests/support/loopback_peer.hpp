@@ -23,22 +23,17 @@
 
 namespace orvanta::testing {
 
-// The bytes of one frame around `payload`.
-inline std::string frame(std::string_view payload) {
-  std::string bytes(5, '\0');
-  bytes[0] = '\x1d';
-  const auto length = static_cast<std::uint32_t>(payload.size());
-  std::memcpy(bytes.data() + 1, &length, 4);
-  bytes.append(payload);
-  return bytes;
-}
-
 // A frame header that announces `length` bytes.
 inline std::string frame_header(std::uint32_t length) {
   std::string bytes(5, '\0');
   bytes[0] = '\x1d';
   std::memcpy(bytes.data() + 1, &length, 4);
   return bytes;
+}
+
+// The bytes of one frame around `payload`.
+inline std::string frame(std::string_view payload) {
+  return frame_header(static_cast<std::uint32_t>(payload.size())).append(payload);
 }
 
 class LoopbackPeer {
@@ -84,7 +79,6 @@ class LoopbackPeer {
   void close() {
     if (socket_.is_open()) socket_.close();
   }
-  void stop_listening() { acceptor_.close(); }
 
   asio::ip::tcp::socket& socket() { return socket_; }
 

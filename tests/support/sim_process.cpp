@@ -1,15 +1,11 @@
 #include "tests/support/sim_process.hpp"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <signal.h>
 #include <spawn.h>
-#include <sys/inotify.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -34,18 +30,9 @@ std::string read_file(const std::string& path) {
   return text.str();
 }
 
-// A descriptor that becomes readable when the child exits, or -1 where the
-// kernel has no pidfd; the bound then covers an early exit.
-int open_pidfd(pid_t pid) { return static_cast<int>(::syscall(SYS_pidfd_open, pid, 0)); }
-
 }  // namespace
 
 SimProcess::SimProcess(std::vector<std::string> flags) : directory_(make_temporary_directory()) {
-  // Watch before the start, so that the rename into place can't be missed.
-  const int watch_fd = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
-  if (watch_fd < 0 || ::inotify_add_watch(watch_fd, directory_.c_str(), IN_MOVED_TO | IN_CLOSE_WRITE) < 0) {
-    throw std::runtime_error("inotify failed");
-  }
   std::vector<std::string> words{"orvanta_desktop_sim", "--ready-file", directory_ + "/ready",
                                  "--log",               directory_ + "/requests.jsonl"};
   words.insert(words.end(), flags.begin(), flags.end());
@@ -61,36 +48,29 @@ SimProcess::SimProcess(std::vector<std::string> flags) : directory_(make_tempora
   posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
   const int rc = ::posix_spawn(&pid_, sim_binary().c_str(), &actions, nullptr, argv.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
-  if (rc != 0) {
-    ::close(watch_fd);
-    throw std::runtime_error("cannot start " + sim_binary());
-  }
+  if (rc != 0) throw std::runtime_error("cannot start " + sim_binary());
   try {
-    wait_until_ready(watch_fd);
+    wait_until_ready();
   } catch (...) {
-    ::close(watch_fd);
     stop();
     throw;
   }
-  ::close(watch_fd);
 }
 
-void SimProcess::wait_until_ready(int watch_fd) {
+// The simulator renames the ready file into place once it listens.
+void SimProcess::wait_until_ready() {
   const std::string ready = directory_ + "/ready";
-  const int exit_fd = open_pidfd(pid_);
-  std::array<pollfd, 2> fds{pollfd{watch_fd, POLLIN, 0}, pollfd{exit_fd, POLLIN, 0}};
-  while (!std::filesystem::exists(ready)) {
-    const int n = ::poll(fds.data(), exit_fd >= 0 ? 2 : 1, ready_bound_ms);
-    if (n < 0 && errno == EINTR) continue;
-    if (n <= 0 || fds[1].revents != 0) {
-      if (exit_fd >= 0) ::close(exit_fd);
+  for (int waited_ms = 0; !std::filesystem::exists(ready); waited_ms += 5) {
+    int status = 0;
+    if (::waitpid(pid_, &status, WNOHANG) == pid_) {
+      pid_ = -1;
+      status_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    }
+    if (pid_ < 0 || waited_ms >= ready_bound_ms) {
       throw std::runtime_error("orvanta_desktop_sim did not become ready: " + error_output());
     }
-    std::array<char, 4096> events{};
-    while (::read(watch_fd, events.data(), events.size()) > 0) {
-    }
+    ::usleep(5000);
   }
-  if (exit_fd >= 0) ::close(exit_fd);
   for (const std::string& line : lines_of_file(ready)) {
     ports_.push_back(static_cast<std::uint16_t>(std::stoul(line)));
   }

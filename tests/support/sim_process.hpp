@@ -45,7 +45,7 @@ class SimProcess {
   int stop();
 
  private:
-  void wait_until_ready(int watch_fd);
+  void wait_until_ready();
 
   std::string directory_;
   pid_t pid_ = -1;

@@ -4,9 +4,10 @@
 
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "cli/help.hpp"
-#include "tests/support/cli_cases.hpp"
+#include "tests/support/process.hpp"
 
 namespace orvanta::testing {
 namespace {
@@ -43,8 +44,23 @@ const char* const kVersionJson =
     R"({"cli":"1.2.93.667","tetherkit":"v0.10.451","tetherkit_hash":"1ab97e21337b","podroom":"0.1.3"})"
     "\n";
 
+struct CliCase {
+  std::vector<std::string> args;
+  std::string out;
+  std::string err;
+  int status;
+};
+
 void expect_runs(const std::vector<CliCase>& cases) {
-  expect_cases(cases, [](const std::vector<std::string>& args) { return run_cli(args); });
+  for (const CliCase& c : cases) {
+    std::string typed;
+    for (const auto& a : c.args) typed += " [" + a + "]";
+    SCOPED_TRACE(typed);
+    const ProcessResult r = run_cli(c.args);
+    EXPECT_EQ(r.out, c.out);
+    EXPECT_EQ(r.err, c.err);
+    EXPECT_EQ(r.status, c.status);
+  }
 }
 
 TEST(FrontEnd, PagesAndStatuses) {

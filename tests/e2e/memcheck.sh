@@ -11,19 +11,7 @@
 set -uo pipefail
 build=$(cd "${1:?BUILD_DIR}" && pwd)
 cli=$build/orvanta_cli_memcheck
-work=$(mktemp -d)
-trap 'kill $(jobs -p) 2>/dev/null; rm -rf "$work"' EXIT
-export HOME=$work XDG_DATA_HOME=$work/data
-passed=0
-failed=0
-
-start_sim() {
-  rm -f "$work/ready"
-  "$build/orvanta_desktop_sim" --ready-file "$work/ready" "$@" >/dev/null 2>&1 &
-  sim=$!
-  for _ in $(seq 200); do [ -s "$work/ready" ] && return; sleep 0.02; done
-}
-stop_sim() { kill "$sim" 2>/dev/null; wait "$sim" 2>/dev/null; }
+source "$(dirname "$0")/../support/sim_checks.sh"
 
 check() {
   local log=$work/valgrind.log

@@ -10,21 +10,10 @@
 set -uo pipefail
 build=$(cd "${1:?BUILD}" && pwd)
 cli=$build/orvanta_cli
-work=$(mktemp -d)
-trap 'kill $(jobs -p) 2>/dev/null; rm -rf "$work"' EXIT
-export HOME=$work XDG_DATA_HOME=$work/data
-passed=0
-failed=0
+source "$(dirname "$0")/../support/sim_checks.sh"
 result() {
   if [ "$2" = ok ]; then passed=$((passed + 1)); echo "ok      $1"; else failed=$((failed + 1)); echo "FAILED  $1: $2"; fi
 }
-start_sim() {
-  rm -f "$work/ready"
-  "$build/orvanta_desktop_sim" --port "${sim_port:-7768}" --ready-file "$work/ready" "$@" >/dev/null 2>&1 &
-  sim=$!
-  for _ in $(seq 200); do [ -s "$work/ready" ] && return; sleep 0.02; done
-}
-stop_sim() { kill "$sim" 2>/dev/null; wait "$sim" 2>/dev/null; }
 
 # 1. connect() only ever to 127.0.0.1: with the simulator, and with a
 #    desktop client process that listens outside the port range (the

@@ -76,9 +76,9 @@ class ListCodec {
   value_type decode(DecodeContext& context) const {
     value_type list;
     detail::decode_sequence(context, '[', ']', [&] {
-      if constexpr (requires { element_.decode_new(context, list.emplace_back()); }) {
+      if constexpr (requires { element_.decode_into(context, list.emplace_back()); }) {
         // Records are decoded in their place in the list, not moved there.
-        element_.decode_new(context, list.emplace_back());
+        element_.decode_into(context, list.emplace_back());
       } else {
         list.push_back(element_.decode(context));
       }

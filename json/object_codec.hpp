@@ -305,9 +305,6 @@ class ObjectCodec {
     return record;
   }
 
-  // Decodes a new record into `slot`, a value-initialised record.
-  void decode_new(DecodeContext& context, R& slot) const { decode_into(context, slot); }
-
   // Decodes into `record`, leaving members the input doesn't mention as
   // they are. A failure leaves the record partly filled.
   void decode_into(DecodeContext& context, R& record) const {

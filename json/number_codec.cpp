@@ -236,7 +236,9 @@ template void encode_integer<std::uint64_t>(EncodeContext&, std::uint64_t);
 double decode_double(DecodeContext& context) {
   using double_conversion::StringToDoubleConverter;
   // A function-local static: initialised once under the compiler's guard and
-  // immutable afterwards.
+  // immutable afterwards. No symbols and no case insensitivity: the static
+  // orvanta_cli links without the C++ locale that case-insensitive matching
+  // needs (app/without_cxx_locale.cpp).
   static const StringToDoubleConverter converter(StringToDoubleConverter::ALLOW_TRAILING_JUNK,
                                                  std::numeric_limits<double>::quiet_NaN(),
                                                  std::numeric_limits<double>::quiet_NaN(), nullptr, nullptr);

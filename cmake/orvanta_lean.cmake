@@ -46,6 +46,18 @@ if(ORVANTA_LLD AND NOT ORVANTA_CLI_LINK_EFFECTIVE STREQUAL "dynamic")
   endif()
 endif()
 
+# Compiles `targets` with -Os instead of the build type's -O2 or -O3: 0.8 MB
+# of orvanta_cli's 3.6 MB is code that runs once per command. Not in Debug
+# builds, and not under a sanitizer, whose flags choose the level.
+function(orvanta_built_for_size)
+  if(CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+    return()
+  endif()
+  foreach(target IN LISTS ARGN)
+    target_compile_options(${target} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-Os>)
+  endforeach()
+endfunction()
+
 # A static program takes the archive of double-conversion; the imported
 # target names the shared object.
 if(NOT ORVANTA_CLI_LINK_EFFECTIVE STREQUAL "dynamic")

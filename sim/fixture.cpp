@@ -31,6 +31,15 @@ std::variant<SimState, std::string> load_state_file(const std::string& path) {
   }
 }
 
+std::variant<SimState, std::string> initial_state(const SimOptions& options) {
+  auto loaded = options.state_file.empty() ? std::variant<SimState, std::string>(default_state())
+                                           : load_state_file(options.state_file);
+  if (auto* state = std::get_if<SimState>(&loaded); state != nullptr && options.logged_out) {
+    state->account.logged_in = false;
+  }
+  return loaded;
+}
+
 std::string write_state_file(const std::string& path, const SimState& state) {
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   if (!out) return "cannot write the state file " + path;

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <variant>
 
+#include "sim/options.hpp"
 #include "sim/state.hpp"
 
 namespace orvanta::sim {
@@ -22,6 +23,10 @@ SimState default_state();
 // Reads a state file: the state, or a reason for a person ("cannot read
 // ...", or the decoder's message with its byte offset).
 std::variant<SimState, std::string> load_state_file(const std::string& path);
+
+// The state the simulator starts with: from the state file of `options`,
+// or the built-in default; logged out when the options say so.
+std::variant<SimState, std::string> initial_state(const SimOptions& options);
 
 // Writes `state` to `path` as one line of JSON. Returns an empty string, or
 // the reason it failed.

@@ -31,11 +31,6 @@ int refuse(const std::string& reason, int status) {
   return status;
 }
 
-std::variant<SimState, std::string> initial_state(const SimOptions& options) {
-  if (options.state_file.empty()) return default_state();
-  return load_state_file(options.state_file);
-}
-
 int serve(const SimOptions& options, SimState& state, RequestLog& log) {
   asio::io_context context;
   Dispatcher dispatcher(state);
@@ -73,7 +68,6 @@ int main(int argc, char** argv) {
   auto loaded = initial_state(options);
   if (auto* refusal = std::get_if<std::string>(&loaded)) return refuse(*refusal, 1);
   SimState& state = std::get<SimState>(loaded);
-  if (options.logged_out) state.account.logged_in = false;
   RequestLog log;
   if (!options.log_file.empty() && !log.open(options.log_file, options.log_connections)) {
     return refuse("cannot open the request log " + options.log_file, 1);

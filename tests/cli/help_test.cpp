@@ -3,24 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
-#include <functional>
 #include <string>
+
+#include "tests/support/process.hpp"
 
 namespace orvanta::cli {
 namespace {
-
-// Everything a renderer writes to the stream it is given.
-std::string capture(const std::function<void(std::FILE*)>& render) {
-  char* buffer = nullptr;
-  std::size_t size = 0;
-  std::FILE* stream = open_memstream(&buffer, &size);
-  render(stream);
-  std::fclose(stream);
-  std::string text(buffer, size);
-  std::free(buffer);
-  return text;
-}
 
 const HelpCatalogue& catalogue() { return HelpCatalogue::instance(); }
 
@@ -152,9 +140,9 @@ const std::string unknown_page =
 // The word and the program name come from the user and are printed as text,
 // never read as a format.
 TEST(HelpPages, UnknownCommandPage) {
-  EXPECT_EQ(capture([](std::FILE* out) { print_unknown_command("orv", "nosuch", catalogue(), out); }),
+  EXPECT_EQ(testing::printed([](std::FILE* out) { print_unknown_command("orv", "nosuch", catalogue(), out); }),
             unknown_page);
-  std::string page = capture([](std::FILE* out) { print_unknown_command("a%sb", "%n%s", catalogue(), out); });
+  std::string page = testing::printed([](std::FILE* out) { print_unknown_command("a%sb", "%n%s", catalogue(), out); });
   EXPECT_EQ(page.substr(0, page.find('\n')), "unknown command \"%n%s\" for \"a%sb\"");
 }
 
@@ -190,7 +178,7 @@ TEST(HelpSelection, PicksThePageFromTopicAndSubtopic) {
   };
   for (const auto& c : cases) {
     const std::string page =
-        capture([&](std::FILE* out) { print_help("orv", c.topic, c.subtopic, catalogue(), out); });
+        testing::printed([&](std::FILE* out) { print_help("orv", c.topic, c.subtopic, catalogue(), out); });
     const bool whole = c.page.size() > 1 && c.page.find('\n') + 1 < c.page.size();
     EXPECT_EQ(whole ? page : page.substr(0, page.find('\n') + 1), c.page)
         << '"' << c.topic << "\" \"" << c.subtopic << '"';
@@ -200,7 +188,7 @@ TEST(HelpSelection, PicksThePageFromTopicAndSubtopic) {
 // A flag longer than its column pushes the summary right, two blanks on.
 TEST(HelpPages, FlagLongerThanItsColumn) {
   const std::string page =
-      capture([](std::FILE* out) { print_help("orv", "rondo", "permissions", catalogue(), out); });
+      testing::printed([](std::FILE* out) { print_help("orv", "rondo", "permissions", catalogue(), out); });
   EXPECT_NE(page.find("\nFLAGS\n  --queue-only <on|off>   Set queue-only mode (participants can only add to queue)\n"
                       "  --volume-control <on|off>  Allow participants to control volume\n\n"),
             std::string::npos);
@@ -209,7 +197,7 @@ TEST(HelpPages, FlagLongerThanItsColumn) {
 // A long text that ends in a newline of its own leaves two empty lines
 // before USAGE.
 TEST(HelpPages, LongTextEndingInANewline) {
-  const std::string page = capture([](std::FILE* out) { print_help("orv", "library", "batch", catalogue(), out); });
+  const std::string page = testing::printed([](std::FILE* out) { print_help("orv", "library", "batch", catalogue(), out); });
   EXPECT_EQ(page.substr(0, page.find('\n') + 1), "Run a batch of mixed library, playlist, and folder operations\n");
   EXPECT_NE(page.find("    ]\n  }\n\n\nUSAGE\n  orv library batch [--from-file <path>] [--stop-on-error] "
                       "[--format json]\n\nFLAGS\n"),

@@ -152,17 +152,6 @@ TEST_F(GrammarTest, SeekSearchAndLookup) {
   });
 }
 
-TEST_F(RecogniseTest, UriWalkStopsCollectingAtTheFirstFlag) {
-  const std::pair<Words, Texts> cases[] = {
-      {{"lookup", "orvanta:a", "--format", "json", "orvanta:b"}, {"orvanta:a"}},
-  };
-  for (const auto& [words, uris] : cases) {
-    parse(words);
-    EXPECT_EQ(line.uris(), uris) << typed();
-    EXPECT_EQ(line.error_text(), "") << typed();
-  }
-}
-
 // `play` without a URI resumes even when a flag failed: the failure text is
 // kept but never shown. Only --device makes it a play whose failures stand.
 TEST_F(GrammarTest, PlayWithoutAUriTurnsIntoResume) {

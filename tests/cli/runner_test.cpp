@@ -19,6 +19,7 @@
 #include "cli/recognizer.hpp"
 #include "desktop_link/error_category.hpp"
 #include "desktop_link/partner_api_client.hpp"
+#include "tests/support/process.hpp"
 
 namespace orvanta::cli {
 namespace {
@@ -100,14 +101,6 @@ struct Outcome {
   std::vector<std::string> events;
 };
 
-std::string read_all(std::FILE* file) {
-  std::string text;
-  std::rewind(file);
-  for (int c = std::fgetc(file); c != EOF; c = std::fgetc(file)) text.push_back(static_cast<char>(c));
-  std::fclose(file);
-  return text;
-}
-
 Outcome run(const Script& script, std::vector<const char*> words) {
   words.insert(words.begin(), "orvanta_cli");
   CommandLine line = parse_command_line(static_cast<int>(words.size()), words.data());
@@ -123,7 +116,10 @@ Outcome run(const Script& script, std::vector<const char*> words) {
                          out, err);
     status = runner.run(line);
   }
-  return {status, read_all(out), read_all(err), events.all()};
+  Outcome outcome{status, testing::contents_of(out), testing::contents_of(err), events.all()};
+  std::fclose(out);
+  std::fclose(err);
+  return outcome;
 }
 
 TEST(CommandRunner, WhatAnOperationThrowsBecomesOneLineAndTheStatus) {

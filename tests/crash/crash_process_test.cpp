@@ -25,11 +25,6 @@ std::string database_of(const TempDir& dir) {
   return dir.path() + "/com.orvanta.client/Crashpad";
 }
 
-ReportMetadata metadata_of_only_report(const TempDir& dir) {
-  std::string dump = only_pending_dump(database_of(dir));
-  return CrashReportDatabase::metadata_of(dump).value_or(ReportMetadata{});
-}
-
 // The stream types listed in a dump's directory; empty when the file is
 // not a minidump.
 std::set<std::uint32_t> stream_types(const std::string& dump_path) {
@@ -79,7 +74,7 @@ TEST_P(FatalSignal, LeavesOneCompleteReportAndEndsTheProgramWithThatSignal) {
                                             0x47670006, 0x47670008, 0x47670009};
   EXPECT_EQ(stream_types(dump), expected);
 
-  ReportMetadata metadata = metadata_of_only_report(dir);
+  ReportMetadata metadata = CrashReportDatabase::metadata_of(dump).value_or(ReportMetadata{});
   std::map<std::string, std::string> annotations = {
       {"format", "minidump"},  {"platform", std::string(build_platform())},
       {"product", "orvanta"},  {"version", "1.2.93.667"},

@@ -16,10 +16,7 @@
 namespace orvanta::crash::test {
 constexpr int kBoundMs = 60000;
 
-TempDir::TempDir() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "orvanta-crash-XXXXXX").string();
-  path_ = mkdtemp(pattern.data());
-}
+TempDir::TempDir() : path_(testing::make_temporary_directory()) {}
 
 TempDir::~TempDir() {
   std::error_code ec;

@@ -7,30 +7,18 @@
 #include <vector>
 
 #include "cli/help.hpp"
-#include "tests/support/process.hpp"
+#include "tests/support/command_cases.hpp"
 
 namespace orvanta::testing {
 namespace {
 
 // The pages themselves are pinned by the help tests; here it matters on
 // which stream they land, next to what, and with which status.
-template <class Print>
-std::string rendered(Print print) {
-  std::FILE* file = std::tmpfile();
-  print(file);
-  std::fflush(file);
-  std::rewind(file);
-  std::string text;
-  for (int c = std::fgetc(file); c != EOF; c = std::fgetc(file)) text.push_back(static_cast<char>(c));
-  std::fclose(file);
-  return text;
-}
-
 const std::string kTopPage =
-    rendered([](std::FILE* f) { cli::print_usage("orvanta_cli", cli::HelpCatalogue::instance(), f); });
+    printed([](std::FILE* f) { cli::print_usage("orvanta_cli", cli::HelpCatalogue::instance(), f); });
 
 std::string unknown_page(const std::string& word) {
-  return rendered(
+  return printed(
       [&](std::FILE* f) { cli::print_unknown_command("orvanta_cli", word, cli::HelpCatalogue::instance(), f); });
 }
 
@@ -44,28 +32,9 @@ const char* const kVersionJson =
     R"({"cli":"1.2.93.667","tetherkit":"v0.10.451","tetherkit_hash":"1ab97e21337b","podroom":"0.1.3"})"
     "\n";
 
-struct CliCase {
-  std::vector<std::string> args;
-  std::string out;
-  std::string err;
-  int status;
-};
-
-void expect_runs(const std::vector<CliCase>& cases) {
-  for (const CliCase& c : cases) {
-    std::string typed;
-    for (const auto& a : c.args) typed += " [" + a + "]";
-    SCOPED_TRACE(typed);
-    const ProcessResult r = run_cli(c.args);
-    EXPECT_EQ(r.out, c.out);
-    EXPECT_EQ(r.err, c.err);
-    EXPECT_EQ(r.status, c.status);
-  }
-}
-
 TEST(FrontEnd, PagesAndStatuses) {
   const std::string not_running = "Orvanta desktop client is not running\n";
-  expect_runs({
+  expect_command_cases({
       // No arguments is a usage failure: the page, but status 1.
       {{}, kTopPage, "", 1},
       // Asked for, the same page is a success.
@@ -95,7 +64,7 @@ TEST(FrontEnd, PagesAndStatuses) {
       // Commands that do not need the client still work.
       {{"open"}, "", "", 0},
       {{"navigate", "orvanta:album:xyz", "--format", "json"}, "", "", 0},
-  });
+  }, [](const std::vector<std::string>& args) { return run_cli(args); });
 }
 
 // Help wins over everything but --version.

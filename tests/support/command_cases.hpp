@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,12 +25,14 @@ struct CliCase {
   int status;
 };
 
-inline void expect_command_cases(const std::vector<CliCase>& cases) {
+// Each case run in-process, or by `run` when given (the real program, say).
+inline void expect_command_cases(const std::vector<CliCase>& cases,
+                                 const std::function<ProcessResult(const std::vector<std::string>&)>& run = {}) {
   for (const CliCase& c : cases) {
     std::string typed;
     for (const auto& a : c.args) typed += " [" + a + "]";
     SCOPED_TRACE(typed);
-    ProcessResult r = run_command(c.args);
+    ProcessResult r = run ? run(c.args) : run_command(c.args);
     EXPECT_EQ(r.out, c.out);
     EXPECT_EQ(r.err, c.err);
     EXPECT_EQ(r.status, c.status);

@@ -38,22 +38,9 @@ sim::SimOptions options_of(const std::string& directory, const std::vector<std::
 }
 
 sim::SimState state_of(const sim::SimOptions& options) {
-  auto loaded = options.state_file.empty() ? std::variant<sim::SimState, std::string>(sim::default_state())
-                                           : sim::load_state_file(options.state_file);
+  auto loaded = sim::initial_state(options);
   if (auto* refusal = std::get_if<std::string>(&loaded)) throw std::runtime_error(*refusal);
-  sim::SimState state = std::get<sim::SimState>(std::move(loaded));
-  if (options.logged_out) state.account.logged_in = false;
-  return state;
-}
-
-std::string contents_of(std::FILE* file) {
-  std::fflush(file);
-  std::rewind(file);
-  std::string text;
-  char buffer[4096];
-  std::size_t got = 0;
-  while ((got = std::fread(buffer, 1, sizeof buffer, file)) > 0) text.append(buffer, got);
-  return text;
+  return std::get<sim::SimState>(std::move(loaded));
 }
 
 // The desktop client runs: it is the simulator of this process.

@@ -99,12 +99,33 @@ ProcessResult run_process(const std::string& program, const std::vector<std::str
   ::close(out[0]);
   ::close(err[0]);
   if (pid < 0) throw std::runtime_error("cannot start " + program);
+  result.status = wait_for_exit(pid);
+  return result;
+}
 
+int wait_for_exit(pid_t pid) {
   int status = 0;
   while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
   }
-  result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-  return result;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+std::string contents_of(std::FILE* file) {
+  std::fflush(file);
+  std::rewind(file);
+  std::string text;
+  char buffer[4096];
+  for (std::size_t got = 0; (got = std::fread(buffer, 1, sizeof buffer, file)) > 0;) text.append(buffer, got);
+  return text;
+}
+
+std::string printed(const std::function<void(std::FILE*)>& print) {
+  std::FILE* file = std::tmpfile();
+  if (file == nullptr) throw std::runtime_error("tmpfile failed");
+  print(file);
+  std::string text = contents_of(file);
+  std::fclose(file);
+  return text;
 }
 
 ProcessResult run_cli(const std::vector<std::string>& args, const ProcessOptions& options) {

@@ -3,6 +3,8 @@
 #include <sys/types.h>
 
 #include <array>
+#include <cstdio>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -42,6 +44,14 @@ std::vector<std::string> environment_with(const std::vector<std::string>& extra,
 // and in `dir` unless that is empty. Returns the pid, or -1.
 pid_t spawn(const std::string& program, std::vector<std::string> argv, std::vector<std::string> env,
             std::array<int, 3> fds, const std::string& dir = "");
+
+// Waits for `pid` and returns its exit status, or 128 + the signal that ended it.
+int wait_for_exit(pid_t pid);
+
+// Everything written to `file` so far, read from its start.
+std::string contents_of(std::FILE* file);
+// What `print` writes to the stream it is given.
+std::string printed(const std::function<void(std::FILE*)>& print);
 
 // A new directory under the system's temporary one. Throws std::runtime_error.
 std::string make_temporary_directory();

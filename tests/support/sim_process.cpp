@@ -2,20 +2,15 @@
 
 #include <fcntl.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
 
 #include "tests/support/process.hpp"
-
-extern char** environ;
 
 namespace orvanta::testing {
 
@@ -33,22 +28,13 @@ std::string read_file(const std::string& path) {
 }  // namespace
 
 SimProcess::SimProcess(std::vector<std::string> flags) : directory_(make_temporary_directory()) {
-  std::vector<std::string> words{"orvanta_desktop_sim", "--ready-file", directory_ + "/ready",
-                                 "--log",               directory_ + "/requests.jsonl"};
-  words.insert(words.end(), flags.begin(), flags.end());
-  std::vector<char*> argv;
-  for (auto& word : words) argv.push_back(word.data());
-  argv.push_back(nullptr);
-
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-  const std::string err_path = directory_ + "/stderr.txt";
-  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-  const int rc = ::posix_spawn(&pid_, sim_binary().c_str(), &actions, nullptr, argv.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  if (rc != 0) throw std::runtime_error("cannot start " + sim_binary());
+  std::vector<std::string> argv{"orvanta_desktop_sim", "--ready-file", directory_ + "/ready",
+                                "--log",               directory_ + "/requests.jsonl"};
+  argv.insert(argv.end(), flags.begin(), flags.end());
+  const int err = ::open((directory_ + "/stderr.txt").c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+  pid_ = spawn(sim_binary(), argv, environment_with({}), {-1, -1, err});
+  ::close(err);
+  if (pid_ < 0) throw std::runtime_error("cannot start " + sim_binary());
   try {
     wait_until_ready();
   } catch (...) {
@@ -85,11 +71,8 @@ SimProcess::~SimProcess() {
 int SimProcess::stop() {
   if (pid_ <= 0) return status_;
   ::kill(pid_, SIGTERM);
-  int status = 0;
-  while (::waitpid(pid_, &status, 0) < 0 && errno == EINTR) {
-  }
+  status_ = wait_for_exit(pid_);
   pid_ = -1;
-  status_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
   return status_;
 }
 

@@ -27,7 +27,6 @@ class SimProcess {
   SimProcess(const SimProcess&) = delete;
   SimProcess& operator=(const SimProcess&) = delete;
 
-  pid_t pid() const { return pid_; }
   // The ports named in the ready file.
   const std::vector<std::uint16_t>& ports() const { return ports_; }
   // The temporary directory, for files a test hands to the simulator or the CLI.

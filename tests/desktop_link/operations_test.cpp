@@ -1,6 +1,7 @@
-// The wire methods of PartnerApi that no command sends, each with the right
-// method name and the parameters its argument form builds. What the
-// commands send is compared byte for byte in tests/commands.
+// The wire methods of PartnerApi that no command sends, and those whose
+// parameters no command test looks at, each with the right method name and
+// the parameters its argument form builds. The other methods are sent, and
+// their parameters compared, by the command tests in tests/commands.
 
 #include <gtest/gtest.h>
 
@@ -42,16 +43,21 @@ Row row(std::function<asio::awaitable<std::error_code>(PartnerApi&)> call, std::
 #define ROW(Op, ...) row<messages::Op>([](PartnerApi& a) { return code_of(a.__VA_ARGS__); })
 #define ROW_WITH(Op, params, ...) row<messages::Op>([](PartnerApi& a) { return code_of(a.__VA_ARGS__); }, params)
 
-std::vector<Row> operations_without_a_command() {
+std::vector<Row> operations_no_command_test_pins() {
   return {
       ROW_WITH(ConnectLogin, R"({"source":"pull_notification"})",
                connect_login(messages::LoginSource::pull_notification)),
       ROW(GetUsernameHash, get_username_hash()),
       ROW(TkMessageAuthPolicy, tk_message_auth_policy()),
+      ROW_WITH(PlaybackPlay, R"({"context":"orvanta:album:1","referrer":"ref","agentic_product_type":"agent"})",
+               playback_play("orvanta:album:1", "ref", std::nullopt, "agent")),
+      ROW_WITH(PlaybackShuffle, R"({"shuffle":true})", playback_shuffle(true)),
+      ROW_WITH(PlaybackRepeat, R"({"repeat":"track"})", playback_repeat("track")),
       ROW(BleStateSubscription, ble_state_subscription()),
       ROW(ConnectActiveDeviceSubscription, connect_active_device_subscription()),
       ROW(AgentBootstrap, agent_bootstrap()),
       ROW(AgentOnlineState, agent_online_state({})),
+      ROW_WITH(Ask, R"({"question":"why?"})", ask("why?")),
       ROW(WebSearch, web_search({})),
       ROW_WITH(AiCompletions, R"({"body":"b1"})", ai_completions("b1")),
       ROW_WITH(AiCompletionsStream, R"({"body":"b2"})", ai_completions_stream("b2")),
@@ -61,6 +67,11 @@ std::vector<Row> operations_without_a_command() {
       ROW_WITH(AiMessages, R"({"body":"b4"})", ai_messages("b4")),
       ROW_WITH(AiMessagesStream, R"({"body":"b5"})", ai_messages_stream("b5")),
       ROW_WITH(TelemetrySandbox, R"({"body":"b6"})", telemetry_sandbox("b6")),
+      ROW_WITH(PodShowsDelete, R"({"id":"s1"})", pod_shows_delete("s1")),
+      ROW_WITH(PodEpisodesStatus, R"({"id":"e1"})", pod_episodes_status("e1")),
+      ROW_WITH(PodEpisodesDelete, R"({"id":"e2"})", pod_episodes_delete("e2")),
+      ROW_WITH(ConnectTransfer, R"({"device_id":"d1"})", connect_transfer("d1")),
+      ROW_WITH(ConnectDeviceInfo, R"({"device_id":"d3"})", connect_device_info("d3")),
       ROW(ChatList, chat_list()),
       ROW(ChatRead, chat_read({})),
       ROW(ChatSend, chat_send({})),
@@ -92,7 +103,7 @@ using Operations = LinkTest;
 // client hands back as it is.
 TEST_F(Operations, SendTheirMethodAndParameters) {
   connect_client();
-  const auto rows = operations_without_a_command();
+  const auto rows = operations_no_command_test_pins();
   for (auto& r : rows) {
     respond([](const std::string& id) { return orvanta::testing::error_reply(id, 15, "desktop_api"); });
     EXPECT_EQ(await(r.call(*client)), DesktopApiError::method_not_yet_implemented) << r.method;

@@ -31,12 +31,10 @@ TEST(Classify, AnythingWithAMethodIsANotification) {
     EXPECT_EQ(n.method, "m");
     EXPECT_FALSE(n.params.has_value());
   }
-  auto with_params = classify(R"({"jsonrpc":"2.0","method":"m","params":[1, 2]})");
-  ASSERT_TRUE(with_params.has_value());
-  EXPECT_EQ(*std::get<NotificationMessage>(with_params.value()).params, std::string_view("[1, 2]"));
 }
 
-// A null id is no id.
+// A null id is no id. The members of an error reply, and the params of a
+// notification, are read by the request and notification tests.
 TEST(Classify, ErrorReplyWithAndWithoutId) {
   const struct {
     const char* id_member;
@@ -46,11 +44,7 @@ TEST(Classify, ErrorReplyWithAndWithoutId) {
     auto r = classify(std::string(R"({"jsonrpc":"2.0",)") + row.id_member +
                       R"("error":{"code":-32600,"category":"desktop_api","message":"x"}})");
     ASSERT_TRUE(r.has_value()) << row.id_member;
-    const auto& e = std::get<ErrorMessage>(r.value());
-    EXPECT_EQ(e.code, -32600);
-    EXPECT_EQ(e.category, "desktop_api");
-    EXPECT_EQ(e.message, "x");
-    EXPECT_EQ(e.id, row.id) << row.id_member;
+    EXPECT_EQ(std::get<ErrorMessage>(r.value()).id, row.id) << row.id_member;
   }
 }
 

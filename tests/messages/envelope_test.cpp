@@ -17,15 +17,11 @@ using orvanta::test::WireCase;
 
 TEST(EnvelopeRecords, WireTable) {
   const WireCase cases[] = {
-      {"RequestMessage", runner(request_message_codec),
-       R"({"jsonrpc":"2.0","method":"playback_seek","params":{"position_ms":5},"id":"r1"})"},
       {"ErrorObject", runner(error_object_codec), R"({"code":-32600,"category":"desktop_api","message":"x"})",
        "code category message"},
       {"IncomingMessage", runner(incoming_message_codec),
        R"({"jsonrpc":"2.0","id":"a","method":"m","params":[1,{"x":null}],"result":"text",)"
        R"("error":{"code":1,"category":"desktop_api","message":"x"}})", "jsonrpc"},
-      {"HelloRequest", runner(hello_request_codec),
-       R"({"client_id":"c","name":"orvanta_cli","version":"1.2.93","feature_identifier":"partner_api_client"})"},
       {"HelloResponse", runner(hello_response_codec),
        R"({"orvanta_app_version":"1.2.3","sends_complete_notification":false})", "orvanta_app_version"},
   };

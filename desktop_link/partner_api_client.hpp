@@ -185,8 +185,7 @@ class PartnerApiClient : public PartnerApi {
  private:
   template <class Op>
   Await<typename Op::Response> call(typename Op::Request request);
-  template <class Op>
-  Await<typename Op::Response> exchange(typename Op::Request request, std::string id);
+  Await<ResponseMessage> exchange(std::string payload, std::string id, std::string_view operation);
 
   void set_state(std::uint8_t state);
   void fall_to_disconnected();

@@ -11,23 +11,29 @@
 
 namespace orvanta::link {
 
-// The outer half of every operation: the state check and the id. Nothing is
-// sent while the link is down.
+// Every operation: the state check and the id (nothing is sent while the
+// link is down), the request encoded with the method's codec, the exchange,
+// and the result decoded with the method's codec. Only the two codec steps
+// depend on the method; the wait for the answer is one coroutine for all.
 template <class Op>
 Await<typename Op::Response> PartnerApiClient::call(typename Op::Request request) {
   if (connection_state_.load() != state_connected) co_return make_error_code(DesktopApiError::client_not_connected);
   std::string id = new_request_id();
-  co_return co_await exchange<Op>(std::move(request), std::move(id));
+  std::string payload = messages::encode_operation_request<Op>(request, id);
+  Result<ResponseMessage> answer = co_await exchange(std::move(payload), std::move(id), Op::name);
+  if (!answer) co_return answer.error();
+  Result<typename Op::Response> result = decode_result<Op>(answer.value());
+  if (!result) co_return normalize_error(result.error(), Op::name);
+  co_return result;
 }
 
-// The inner half: encode, send, wait, decode, and fold a failure for the
-// handler.
-template <class Op>
-Await<typename Op::Response> PartnerApiClient::exchange(typename Op::Request request, std::string id) {
+// Sends one encoded request and waits for its answer; a failure comes back
+// folded for the handler.
+Await<ResponseMessage> PartnerApiClient::exchange(std::string payload, std::string id, std::string_view operation) {
   auto transport = transport_;
-  auto result = co_await typed_call<Op>(std::move(transport), std::move(request), std::move(id));
-  if (result) co_return result;
-  co_return normalize_error(result.error(), Op::name);
+  auto sent = co_await transport->send_request(std::move(payload), std::move(id));
+  if (!sent) co_return normalize_error(sent.error(), operation);
+  co_return sent;
 }
 
 // Account.

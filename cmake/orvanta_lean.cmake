@@ -32,7 +32,8 @@ add_compile_options(-ffunction-sections -fdata-sections)
 # there: the dynamic loader wants a version tag for packed relocations that
 # this lld does not write). The tests are linked the same way, so they run
 # folded code as orvanta_cli does.
-# ORVANTA_LLD=OFF, or no lld, keeps the default linker.
+# ORVANTA_LLD=OFF, no lld, a sanitizer or ORVANTA_CLI_LINK=dynamic keeps the
+# default linker.
 option(ORVANTA_LLD "Link with lld, folding identical code and packing relocations" ON)
 set(ORVANTA_LLD_EFFECTIVE OFF)
 if(ORVANTA_LLD AND NOT ORVANTA_CLI_LINK_EFFECTIVE STREQUAL "dynamic")
